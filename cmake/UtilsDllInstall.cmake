@@ -1,0 +1,32 @@
+# Install rules: the library, its headers flat under include/UtilsDll, an umbrella
+# header that includes them all, and a CMake package for find_package(UtilsDll).
+include(CMakePackageConfigHelpers)
+
+get_property(_headers GLOBAL PROPERTY UTILSDLL_PUBLIC_HEADERS)
+set(_umbrella "${CMAKE_BINARY_DIR}/include/UtilsDll/UtilsDll.h")
+set(_content "// Generated: includes every public header of UtilsDll.\n#pragma once\n\n")
+foreach(header IN LISTS _headers)
+    get_filename_component(name "${header}" NAME)
+    string(APPEND _content "#include \"${name}\"\n")
+endforeach()
+file(GENERATE OUTPUT "${_umbrella}" CONTENT "${_content}")
+
+target_include_directories(UtilsDll PUBLIC
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/UtilsDll>
+    $<BUILD_INTERFACE:${CMAKE_BINARY_DIR}/include>)
+
+install(TARGETS UtilsDll EXPORT UtilsDllTargets
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+install(FILES ${_headers} "${_umbrella}" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/UtilsDll)
+
+set(_cmakedir ${CMAKE_INSTALL_LIBDIR}/cmake/UtilsDll)
+install(EXPORT UtilsDllTargets NAMESPACE UtilsDll:: DESTINATION ${_cmakedir})
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/UtilsDllConfig.cmake.in
+    ${CMAKE_BINARY_DIR}/UtilsDllConfig.cmake INSTALL_DESTINATION ${_cmakedir})
+write_basic_package_version_file(${CMAKE_BINARY_DIR}/UtilsDllConfigVersion.cmake
+    COMPATIBILITY SameMajorVersion)
+install(FILES ${CMAKE_BINARY_DIR}/UtilsDllConfig.cmake ${CMAKE_BINARY_DIR}/UtilsDllConfigVersion.cmake
+    DESTINATION ${_cmakedir})

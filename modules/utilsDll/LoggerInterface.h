@@ -1,0 +1,27 @@
+#pragma once
+
+#include "UtilsDllGlobal.h"
+
+#include <string>
+
+namespace VEXA_NAMESPACE {
+
+// The logger that the library writes through. It is implemented by the separate
+// logger module (or by the embedding executable); the library only calls
+// initialize() and log(). The slot order is part of the module's binary contract.
+class ILoggerInterface
+{
+public:
+    // First slot: never called by the library.
+    virtual ~ILoggerInterface() = default;
+    // Opens the log named logName in folder, at the given level letter.
+    virtual bool initialize(const std::string& folder, const std::string& logName, char level) = 0;
+    // Writes one finished line. Must accept calls from any thread.
+    virtual void log(char level, const char* text) = 0;
+};
+
+// Process-wide logger, null until initLoggerForUtilsDll sets it; never owned,
+// never cleared. Every log statement tests it first.
+UTILSDLL_EXPORT extern ILoggerInterface* s_logger;
+
+} // namespace VEXA_NAMESPACE

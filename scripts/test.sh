@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# Builds the whole tree and runs every test: the CTest suite, then an install and a
+# consumer project built against the installed package.
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+build=${UTILSDLL_BUILD_DIR:-$root/build}
+jobs=$(nproc)
+
+bash "$root/scripts/deps.sh"
+
+cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
+cmake --build "$build" -j "$jobs"
+
+(cd "$build" && ctest --output-on-failure -j "$jobs")
+
+# The installed package must be usable by a project outside this tree.
+stage="$build/stage"
+rm -rf "$stage"
+cmake --install "$build" --prefix "$stage" > /dev/null
+cmake -S "$root/examples/consumer" -B "$build/consumer" -G Ninja -DCMAKE_PREFIX_PATH="$stage"
+cmake --build "$build/consumer"
+LD_LIBRARY_PATH="$stage/lib" QT_QPA_PLATFORM=offscreen "$build/consumer/utilsdll-consumer"
+echo "consumer: built and ran against the installed package"

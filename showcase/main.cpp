@@ -1,0 +1,50 @@
+// utilsdll-showcase: starts the library the way an embedding executable does and
+// shows what it sees.
+
+#include "ShowcaseReport.h"
+
+#include "LoggerBootstrap.h"
+#include "Settings.h"
+#include "TemporarySettings.h"
+#include "storageLocation.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QTextStream>
+
+#include <memory>
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName("utilsdll-showcase");
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription("Starts UtilsDll as an embedding executable does and prints what it sees.");
+    parser.addHelpOption();
+    const QCommandLineOption preferences("preferences", "The preferences ini file.", "file");
+    const QCommandLineOption temporary("temporary-store", "Run on a temporary settings store.");
+    parser.addOption(preferences);
+    parser.addOption(temporary);
+    parser.process(app);
+
+    // 1. The preferences file, before anything reads it.
+    Vexa::CStorageLocation::setPreferencesFilePath(parser.isSet(preferences)
+                                                       ? parser.value(preferences)
+                                                       : Vexa::CStorageLocation::getDefaultPreferencesFilePath());
+
+    // 2. The optional temporary store, seeded from DefaultTemporarySettings.ini
+    //    beside the executable.
+    std::unique_ptr<CTemporarySettings> temporaryStore;
+    if (parser.isSet(temporary)) {
+        temporaryStore = std::make_unique<CTemporarySettings>(
+            QCoreApplication::applicationFilePath().toLocal8Bit().constData());
+        Vexa::CSettings::setTemporarySettings(*temporaryStore);
+    }
+
+    // 3. The logger, as early as possible.
+    Vexa::initLoggerForUtilsDll(nullptr, "utilsdll-showcase.log");
+
+    QTextStream(stdout) << "UtilsDll showcase" << '\n' << showcaseReport(temporaryStore.get());
+    return 0;
+}

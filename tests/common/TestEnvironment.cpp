@@ -1,0 +1,66 @@
+#include "TestEnvironment.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <cstdlib>
+#include <stdexcept>
+
+namespace UtilsDllTest {
+
+namespace {
+
+QByteArray makeRoot()
+{
+    const char* base = std::getenv("TMPDIR");
+    QByteArray pattern = QByteArray(base && *base ? base : "/tmp") + "/utilsdll-test-XXXXXX";
+    if (!mkdtemp(pattern.data()))
+        throw std::runtime_error("cannot create the test's own folder");
+    return pattern;
+}
+
+void setPathVariable(const char* name, const QByteArray& path)
+{
+    QDir().mkpath(QString::fromLocal8Bit(path));
+    qputenv(name, path);
+}
+
+} // namespace
+
+IsolatedEnvironment::IsolatedEnvironment()
+    : m_root(makeRoot())
+{
+    const QByteArray home = m_root + "/home";
+    setPathVariable("HOME", home);
+    setPathVariable("XDG_CONFIG_HOME", home + "/.config");
+    setPathVariable("XDG_DATA_HOME", home + "/.local/share");
+    setPathVariable("XDG_CACHE_HOME", home + "/.cache");
+    setPathVariable("XDG_CONFIG_DIRS", m_root + "/etc/xdg");
+    setPathVariable("XDG_DATA_DIRS", m_root + "/usr/share");
+    setPathVariable("XDG_RUNTIME_DIR", m_root + "/run");
+    QFile::setPermissions(QString::fromLocal8Bit(m_root + "/run"),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    setPathVariable("TMPDIR", m_root + "/tmp");
+
+    QFile userDirs(QString::fromLocal8Bit(home + "/.config/user-dirs.dirs"));
+    if (userDirs.open(QIODevice::WriteOnly))
+        userDirs.write("XDG_PICTURES_DIR=\"$HOME/Pictures\"\n");
+}
+
+IsolatedEnvironment::~IsolatedEnvironment()
+{
+    if (qEnvironmentVariableIntValue("UTILSDLL_KEEP_TEST_HOME") == 0)
+        QDir(QString::fromLocal8Bit(m_root)).removeRecursively();
+}
+
+QString IsolatedEnvironment::root()
+{
+    return QDir::cleanPath(home() + "/..");
+}
+
+QString IsolatedEnvironment::home()
+{
+    return QString::fromLocal8Bit(qgetenv("HOME"));
+}
+
+} // namespace UtilsDllTest
