@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds the whole tree and runs every test: the CTest suite, then an install and a
-# consumer project built against the installed package.
+# Builds the whole tree and runs every test: an install with a consumer project built
+# against the installed package, then the CTest suite.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=${UTILSDLL_BUILD_DIR:-$root/build}
@@ -11,8 +11,6 @@ bash "$root/scripts/deps.sh"
 cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
 cmake --build "$build" -j "$jobs"
 
-(cd "$build" && ctest --output-on-failure -j "$jobs")
-
 # The installed package must be usable by a project outside this tree.
 stage="$build/stage"
 rm -rf "$stage"
@@ -21,3 +19,5 @@ cmake -S "$root/examples/consumer" -B "$build/consumer" -G Ninja -DCMAKE_PREFIX_
 cmake --build "$build/consumer"
 LD_LIBRARY_PATH="$stage/lib" QT_QPA_PLATFORM=offscreen "$build/consumer/utilsdll-consumer"
 echo "consumer: built and ran against the installed package"
+
+(cd "$build" && ctest --output-on-failure -j "$jobs")
