@@ -12,6 +12,20 @@ using UtilsDllTest::ScopedTestLogger;
 
 namespace {
 
+class EventRecorder : public QWidget
+{
+public:
+    QList<QEvent::Type> events;
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::Enter || event->type() == QEvent::Leave || event->type() == QEvent::MouseMove)
+            events << event->type();
+        return QWidget::event(event);
+    }
+};
+
 QString writeFile(const QTemporaryDir& dir, const QString& name, const QByteArray& content)
 {
     QFile file(dir.filePath(name));
@@ -41,6 +55,7 @@ private slots:
     void sizeToString();
     void qtPluginsDirIsDecidedOnce();
     void closeButtonToggles();
+    void flickHoverEvent();
 };
 
 void TestAppBootstrap::setAppStyleSheetRefusesNothingToApply()
@@ -161,6 +176,38 @@ void TestAppBootstrap::closeButtonToggles()
     // Another handle leaves the window alone.
     Vexa::enableWindowCloseButton(handle + 1000, false);
     QVERIFY(window->flags().testFlag(Qt::WindowCloseButtonHint));
+}
+
+void TestAppBootstrap::flickHoverEvent()
+{
+    EventRecorder widget;
+    widget.setGeometry(100, 100, 200, 100);
+    widget.show();
+    QApplication::setActiveWindow(&widget);
+    QVERIFY(QTest::qWaitForWindowActive(&widget));
+
+    // Outside: one Leave, and the cursor stays where it was.
+    QCursor::setPos(10, 10);
+    const QPoint outside = QCursor::pos();
+    widget.events.clear();
+    Vexa::flickHoverEvent(&widget);
+    QCOMPARE(widget.events, QList<QEvent::Type>{QEvent::Leave});
+    QCOMPARE(QCursor::pos(), outside);
+
+    // Inside a widget that is no menu: Leave then Enter, no mouse event, cursor put back.
+    const QPoint inside = widget.mapToGlobal(QPoint(50, 50));
+    QCursor::setPos(inside);
+    widget.events.clear();
+    Vexa::flickHoverEvent(&widget);
+    QCOMPARE(widget.events, QList<QEvent::Type>({QEvent::Leave, QEvent::Enter}));
+    QCOMPARE(QCursor::pos(), inside);
+
+    // Qt delivers a move without buttons only to a widget that tracks the mouse.
+    widget.setMouseTracking(true);
+    widget.events.clear();
+    Vexa::synthesizeMouseEvent(&widget, inside);
+    Vexa::synthesizeMouseEvent(nullptr, inside);
+    QCOMPARE(widget.events, QList<QEvent::Type>{QEvent::MouseMove});
 }
 
 UTILSDLL_TEST_MAIN_WITH(TestAppBootstrap, QApplication)
