@@ -1,0 +1,33 @@
+#include "AppBootstrap.h"
+#include "TestEnvironment.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <dlfcn.h>
+
+// getQtPluginsDir(true) decides once per process, so each scenario runs in a process
+// of its own: with CONNECTOR_MODULE set, that module is loaded first.
+class TestPluginsDir : public QObject
+{
+    Q_OBJECT
+private slots:
+    void hostPluginFolder();
+};
+
+void TestPluginsDir::hostPluginFolder()
+{
+    const QByteArray connector = qgetenv("CONNECTOR_MODULE");
+    QString expected = QFileInfo(QCoreApplication::applicationFilePath()).canonicalPath() + '/';
+    if (!connector.isEmpty()) {
+        QVERIFY2(dlopen(connector.constData(), RTLD_NOW | RTLD_LOCAL), dlerror());
+        expected = QFileInfo(QString::fromLocal8Bit(connector)).canonicalPath() + '/';
+        QVERIFY(expected != QFileInfo(QCoreApplication::applicationFilePath()).canonicalPath() + '/');
+    }
+    QCOMPARE(Vexa::getQtPluginsDir(true), expected);
+    // Decided: the other argument changes nothing.
+    QCOMPARE(Vexa::getQtPluginsDir(false), expected);
+}
+
+UTILSDLL_TEST_MAIN(TestPluginsDir)
+#include "tst_pluginsdir.moc"
