@@ -18,14 +18,6 @@ namespace {
 
 const int kMaxDelayedCallArguments = 9;
 
-struct DelayedCallRecord
-{
-    QPointer<QObject> target; // empty once the target has died
-    const char* method;       // the caller's text, not copied
-    bool singleShot;
-    QList<QVariant> arguments;
-};
-
 void dispatchDelayedCall(QObject* target, const char* method, const QList<QVariant>& arguments);
 
 } // namespace
@@ -44,11 +36,19 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
+    struct Record
+    {
+        QPointer<QObject> target; // empty once the target has died
+        const char* method;       // the caller's text, not copied
+        bool singleShot;
+        QList<QVariant> arguments;
+    };
+
     bool recordMatches(int timerId, QObject* target, const char* method) const; // null method: any
     void eraseIndexEntry(QObject* target, int timerId);
 
     // The authority on what is pending: one running timer per record, keyed by its id.
-    std::map<int, DelayedCallRecord> m_pendingCalls;
+    std::map<int, Record> m_pendingCalls;
     // Finds a target's calls without walking the whole map. Entries of dead targets
     // may linger here; every walk checks them against the map.
     std::multimap<QObject*, int> m_timersByTarget;
@@ -176,7 +176,7 @@ void CDelayedInvoker::arm(int delayMs, QObject* target, const char* method, cons
     // A negative delay or a thread without event dispatcher: the earlier request is gone too.
     if (timerId <= 0)
         return;
-    m_pendingCalls[timerId] = DelayedCallRecord{QPointer<QObject>(target), method, singleShot, arguments};
+    m_pendingCalls[timerId] = Record{QPointer<QObject>(target), method, singleShot, arguments};
     m_timersByTarget.emplace(target, timerId);
 }
 
