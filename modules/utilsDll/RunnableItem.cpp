@@ -5,6 +5,43 @@
 #include <QThread>
 #include <QWriteLocker>
 
+#if defined(__SANITIZE_THREAD__)
+#define UTILSDLL_TSAN_ANNOTATIONS 1
+#elif defined(__has_feature)
+#if __has_feature(thread_sanitizer)
+#define UTILSDLL_TSAN_ANNOTATIONS 1
+#endif
+#endif
+
+#ifdef UTILSDLL_TSAN_ANNOTATIONS
+extern "C" void __tsan_acquire(void* address);
+extern "C" void __tsan_release(void* address);
+#endif
+
+namespace {
+
+// Qt's locks are built without the thread sanitizer, which then cannot see the order
+// that the stop flag's lock gives. These tell it exactly that, and do nothing else.
+void lockAcquired(const void* lock)
+{
+#ifdef UTILSDLL_TSAN_ANNOTATIONS
+    __tsan_acquire(const_cast<void*>(lock));
+#else
+    Q_UNUSED(lock)
+#endif
+}
+
+void lockReleasing(const void* lock)
+{
+#ifdef UTILSDLL_TSAN_ANNOTATIONS
+    __tsan_release(const_cast<void*>(lock));
+#else
+    Q_UNUSED(lock)
+#endif
+}
+
+} // namespace
+
 template <class T>
 CRunnableItem<T>::StartFinishPredicate::StartFinishPredicate(bool start, const QAtomicInt* entries)
     : start(start)
@@ -15,7 +52,9 @@ CRunnableItem<T>::StartFinishPredicate::StartFinishPredicate(bool start, const Q
 template <class T>
 bool CRunnableItem<T>::StartFinishPredicate::isSatisfied() const
 {
-    const int open = entries->loadRelaxed();
+    // Acquire, so that whatever the section did is visible once the finish wait
+    // returns: the destructor frees the item right after it.
+    const int open = entries->loadAcquire();
     return start ? open > 0 : open == 0;
 }
 
@@ -104,14 +143,19 @@ template <class T>
 bool CRunnableItem<T>::stopFlag() const
 {
     QReadLocker lock(&m_stopFlagLock);
-    return m_stopFlag;
+    lockAcquired(&m_stopFlagLock);
+    const bool stop = m_stopFlag;
+    lockReleasing(&m_stopFlagLock);
+    return stop;
 }
 
 template <class T>
 void CRunnableItem<T>::setStopFlag(bool stop)
 {
     QWriteLocker lock(&m_stopFlagLock);
+    lockAcquired(&m_stopFlagLock);
     m_stopFlag = stop;
+    lockReleasing(&m_stopFlagLock);
 }
 
 template <class T>

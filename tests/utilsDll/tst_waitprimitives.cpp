@@ -3,10 +3,12 @@
 #include "ExcludeUserInpuEventLoop.h"
 #include "TestEnvironment.h"
 
+#include <QEventLoop>
 #include <QThread>
 #include <QTimer>
 
 #include <atomic>
+#include <thread>
 
 namespace {
 
@@ -190,36 +192,33 @@ void TestWaitPrimitives::waitsOnWorkerThreads()
             ++s_warnings;
     });
 
-    QObject workerObject;
-    QThread eventThread;
-    workerObject.moveToThread(&eventThread);
-    eventThread.start();
     std::atomic<bool> queuedCallRan{false};
     std::atomic<bool> waitReturned{false};
-    QMetaObject::invokeMethod(&workerObject, [&] {
-        QMetaObject::invokeMethod(&workerObject, [&] { queuedCallRan = true; }, Qt::QueuedConnection);
+    std::thread eventThread([&] {
+        QObject local;
+        QEventLoop givesThisThreadADispatcher;
+        QMetaObject::invokeMethod(&local, [&] { queuedCallRan = true; }, Qt::QueuedConnection);
         waitNonBlockingAtomicIntValue(value, 1, true);
         waitReturned = true;
     });
-
     std::atomic<bool> spinnerReturned{false};
-    QThread* spinner = QThread::create([&] {
+    std::thread spinner([&] {
         waitNonBlockingAtomicIntValue(value, 1, true);
         spinnerReturned = true;
     });
-    spinner->start();
 
-    QTRY_VERIFY(queuedCallRan);
-    QVERIFY(!applicationHasFilter());
-    QVERIFY(!waitReturned && !spinnerReturned);
+    // The queued call ran inside the worker's wait, and the application stays unfiltered.
+    const bool ranInsideTheWait = QTest::qWaitFor([&] { return queuedCallRan.load(); }, 5000);
+    const bool applicationFiltered = applicationHasFilter();
+    const bool returnedEarly = waitReturned || spinnerReturned;
     value.storeRelaxed(1);
-    QTRY_VERIFY(waitReturned);
-    QVERIFY(spinner->wait(5000));
-    delete spinner;
-    eventThread.quit();
-    QVERIFY(eventThread.wait(5000));
+    eventThread.join();
+    spinner.join();
     qInstallMessageHandler(previous);
-    QVERIFY(spinnerReturned);
+    QVERIFY(ranInsideTheWait);
+    QVERIFY(!applicationFiltered);
+    QVERIFY(!returnedEarly);
+    QVERIFY(waitReturned && spinnerReturned);
     QCOMPARE(s_warnings.load(), 0);
 }
 
