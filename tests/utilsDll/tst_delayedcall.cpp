@@ -298,24 +298,28 @@ void TestDelayedCall::threadsKeepTheirOwnCalls()
     QList<QThread*> threads;
     std::atomic<int> callsSeen{0};
     std::atomic<int> foreignActive{0};
+    std::atomic<int> armed{0};
     CallTarget shared; // lives on the main thread; armed from every worker
 
     for (int i = 0; i < threadCount; ++i) {
         threads << QThread::create([&, i] {
             CallTarget local;
             // Each thread arms the same key on the shared target; only its own invoker sees it.
-            CDelayedCall::invokeWithArgs(5 + i, &shared, "withInt", QVariant(i));
+            CDelayedCall::invokeWithArgs(30 + i, &shared, "withInt", QVariant(i));
             CDelayedCall::invoke(5, &local, "ping");
             CDelayedCall::invoke(5, &local, "ping"); // replaced, so one call
+            ++armed;
             QEventLoop loop;
-            QTimer::singleShot(60, &loop, &QEventLoop::quit);
+            QTimer::singleShot(90, &loop, &QEventLoop::quit);
             loop.exec();
             callsSeen += local.calls.size();
         });
     }
     for (QThread* thread : threads)
         thread->start();
-    // Nothing was armed on the main thread for the shared target.
+    // Every worker has armed the shared target's key; this thread knows nothing of it.
+    while (armed < threadCount)
+        QThread::yieldCurrentThread();
     foreignActive += CDelayedCall::isActive(&shared, "withInt") ? 1 : 0;
     for (QThread* thread : threads) {
         QVERIFY(thread->wait(5000));
