@@ -1,6 +1,7 @@
 #include "ExcludeUserInpuEventLoop.h"
 
 #include "DelayedCall.h"
+#include "EventRecorder.h"
 #include "TestEnvironment.h"
 
 #include <QElapsedTimer>
@@ -9,21 +10,9 @@
 
 #include <set>
 
+using UtilsDllTest::EventRecorder;
+
 namespace {
-
-// Takes every event itself, so that plain QEvents of any type are safe to send.
-class EventRecorder : public QObject
-{
-public:
-    QList<int> received;
-
-protected:
-    bool event(QEvent* event) override
-    {
-        received << event->type();
-        return true;
-    }
-};
 
 const std::set<int> kSwallowedTypes = {2,   3,   4,   6,   7,   8,   9,   10,  19,  51,  60,  61,  62,  63,
                                        117, 155, 156, 157, 158, 159, 164, 165, 166, 167, 174, 175, 176};

@@ -1,6 +1,7 @@
 #include "WaitPrimitives.h"
 
 #include "ExcludeUserInpuEventLoop.h"
+#include "EventRecorder.h"
 #include "TestEnvironment.h"
 
 #include <QEventLoop>
@@ -9,6 +10,8 @@
 
 #include <atomic>
 #include <thread>
+
+using UtilsDllTest::EventRecorder;
 
 namespace {
 
@@ -23,20 +26,6 @@ public:
 private:
     int m_trueFrom;
     mutable int m_questions = 0;
-};
-
-// Takes every event itself and remembers its type.
-class EventRecorder : public QObject
-{
-public:
-    QList<int> received;
-
-protected:
-    bool event(QEvent* event) override
-    {
-        received << event->type();
-        return true;
-    }
 };
 
 bool applicationHasFilter()
