@@ -19,8 +19,7 @@ public:
 
 QString engineReport(int line)
 {
-    return QString("ASSERT in %1 %2")
-        .arg(QString::fromLocal8Bit(DELAYED_CALL_SOURCE), QString::number(line));
+    return QString("ASSERT in %1 %2").arg(QString::fromLocal8Bit(DELAYED_CALL_SOURCE), QString::number(line));
 }
 
 } // namespace
@@ -29,25 +28,18 @@ class TestDelayedCallGuards : public QObject
 {
     Q_OBJECT
 private slots:
-    void nullMethodAtFiringIsReported();
-    void tooManyArgumentsAtFiringAreReported();
+    void guardsAtFiringAreReported();
 };
 
-void TestDelayedCallGuards::nullMethodAtFiringIsReported()
+void TestDelayedCallGuards::guardsAtFiringAreReported()
 {
     UtilsDllTest::ScopedTestLogger logger;
     CountingTarget target;
     CDelayedInvoker invoker;
     invoker.arm(0, &target, nullptr, {}, true);
     QTRY_COMPARE(logger->linesAt('E'), QStringList{engineReport(216)});
-    QCOMPARE(target.calls, 0);
-}
 
-void TestDelayedCallGuards::tooManyArgumentsAtFiringAreReported()
-{
-    UtilsDllTest::ScopedTestLogger logger;
-    CountingTarget target;
-    CDelayedInvoker invoker;
+    logger->clear();
     QList<QVariant> ten;
     for (int i = 0; i < 10; ++i)
         ten << QVariant(i);
