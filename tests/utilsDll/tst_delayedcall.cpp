@@ -1,0 +1,267 @@
+#include "DelayedCall.h"
+
+#include "TestEnvironment.h"
+
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QThread>
+#include <QTimer>
+
+#include <atomic>
+#include <thread>
+#include <vector>
+
+namespace {
+
+// Records every call it gets, with the arguments as one printable text.
+class CallTarget : public QObject
+{
+    Q_OBJECT
+public:
+    static std::atomic<int> s_allCalls; // of every target, living or deleted
+    QStringList calls;
+    bool activeInside = false;
+    QElapsedTimer clock;
+    qint64 lastCallAt = -1;
+
+    Q_INVOKABLE void ping() { record("ping"); }
+    Q_INVOKABLE void pong() { record("pong"); }
+    Q_INVOKABLE void withInt(int value) { record(QString("int %1").arg(value)); }
+    Q_INVOKABLE void withTexts(const QString& text, const QStringList& list, double number)
+    {
+        record(QString("texts %1 %2 %3").arg(text, list.join('+')).arg(number));
+    }
+    Q_INVOKABLE void withNine(int a, int b, int c, int d, int e, int f, int g, QByteArray h, const QString& i)
+    {
+        record(QString("nine %1 ").arg(a + b + c + d + e + f + g) + h + i);
+    }
+    // Single shot: inactive inside, re-arms itself twice.
+    Q_INVOKABLE void reArm()
+    {
+        activeInside = activeInside || CDelayedCall::isActive(this, "reArm");
+        record("rearm");
+        if (calls.size() < 3)
+            CDelayedCall::invoke(5, this, "reArm");
+    }
+    // Repeating: active inside, discards itself on the third call.
+    Q_INVOKABLE void repeat()
+    {
+        activeInside = CDelayedCall::isActive(this, "repeat");
+        record("repeat");
+        if (calls.size() == 3)
+            CDelayedCall::discard(this, "repeat");
+    }
+
+private:
+    void record(const QString& call)
+    {
+        ++s_allCalls;
+        calls << call;
+        lastCallAt = clock.isValid() ? clock.elapsed() : -1;
+    }
+};
+
+std::atomic<int> CallTarget::s_allCalls{0};
+
+// Runs the current thread's event loop for about ms milliseconds.
+void spin(int ms)
+{
+    QEventLoop loop;
+    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+} // namespace
+
+class TestDelayedCall : public QObject
+{
+    Q_OBJECT
+private slots:
+    void lastRequestWins();
+    void argumentsOfSeveralTypes_data();
+    void argumentsOfSeveralTypes();
+    void delaysAndBadInput();
+    void discardOneOrAll();
+    void callsFromInsideTheCall();
+    void threadsKeepTheirOwnCalls();
+};
+
+void TestDelayedCall::lastRequestWins()
+{
+    CallTarget target;
+    target.clock.start();
+    CDelayedCall::invoke(80, &target, "ping");
+    spin(40);
+    CDelayedCall::invoke(80, &target, "ping");
+    QTRY_COMPARE_WITH_TIMEOUT(target.calls.size(), 1, 2000);
+    // The delay ran afresh from the second request, at about 40 ms.
+    QVERIFY2(target.lastCallAt >= 110, qPrintable(QString::number(target.lastCallAt)));
+
+    // The replacement takes the later arguments; another method is another key, and
+    // equal text at another address is the same key.
+    target.calls.clear();
+    CDelayedCall::invokeWithArgs(10, &target, "withInt", QVariant(1));
+    CDelayedCall::invokeWithArgs(10, &target, "withInt", QVariant(2));
+    CDelayedCall::invoke(10, &target, "ping");
+    CDelayedCall::invoke(30, &target, "pong");
+    const QByteArray pingCopy("ping");
+    CDelayedCall::invoke(20, &target, pingCopy.constData());
+    QTRY_COMPARE(target.calls.size(), 3);
+    spin(40);
+    QCOMPARE(target.calls, (QStringList{"int 2", "ping", "pong"}));
+}
+
+void TestDelayedCall::argumentsOfSeveralTypes_data()
+{
+    QTest::addColumn<QString>("method");
+    QTest::addColumn<QVariantList>("arguments");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("int") << "withInt" << QVariantList{42} << "int 42";
+    QTest::newRow("texts, list, double") << "withTexts" << QVariantList{QString("a b"), QStringList{"x", "y"}, 2.5}
+                                         << "texts a b x+y 2.5";
+    QTest::newRow("nine") << "withNine" << QVariantList{1, 2, 3, 4, 5, 6, 7, QByteArray("raw"), QString("!")}
+                          << "nine 28 raw!";
+    // Parameter types must match the QVariant type names exactly: a double for an int
+    // finds no method, and nothing is called.
+    QTest::newRow("type mismatch") << "withInt" << QVariantList{1.5} << "";
+}
+
+void TestDelayedCall::argumentsOfSeveralTypes()
+{
+    QFETCH(QString, method);
+    QFETCH(QVariantList, arguments);
+    QFETCH(QString, expected);
+
+    const QByteArray name = method.toLatin1();
+    CallTarget target;
+    const QVariantList& a = arguments;
+    switch (arguments.size()) {
+    case 1: CDelayedCall::invokeWithArgs(0, &target, name.constData(), a[0]); break;
+    case 3: CDelayedCall::invokeWithArgs(0, &target, name.constData(), a[0], a[1], a[2]); break;
+    case 9:
+        CDelayedCall::invokeWithArgs(0, &target, name.constData(), a[0], a[1], a[2], a[3], a[4], a[5], a[6], a[7],
+                                     a[8]);
+        break;
+    default: QFAIL("no overload chosen for this row");
+    }
+    if (expected.isEmpty())
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("QMetaObject::invokeMethod: No such method .*withInt"));
+    spin(20);
+    QCOMPARE(target.calls, expected.isEmpty() ? QStringList() : QStringList{expected});
+}
+
+void TestDelayedCall::delaysAndBadInput()
+{
+    CallTarget target;
+    // Delay 0: at the next pass of the event loop, never inside invoke.
+    CDelayedCall::invoke(0, &target, "ping");
+    QVERIFY(target.calls.isEmpty());
+    QVERIFY(CDelayedCall::isActive(&target, "ping"));
+    QTRY_COMPARE(target.calls, QStringList{"ping"});
+    QVERIFY(!CDelayedCall::isActive(&target, "ping"));
+
+    // A negative delay starts no timer, and the earlier request is gone too.
+    CDelayedCall::invoke(10, &target, "pong");
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("negative intervals"));
+    CDelayedCall::invoke(-5, &target, "pong");
+    QVERIFY(!CDelayedCall::isActive(&target, "pong"));
+
+    CDelayedCall::invoke(0, nullptr, "ping");
+    CDelayedCall::invoke(0, &target, nullptr);
+    CDelayedCall::invokeWithArgs(0, &target, nullptr, QVariant(1));
+    CDelayedCall::discard(nullptr, nullptr);
+    QVERIFY(!CDelayedCall::isActive(nullptr, "ping"));
+    QVERIFY(!CDelayedCall::isActive(&target, nullptr));
+    spin(40);
+    QCOMPARE(target.calls, QStringList{"ping"});
+
+    // A target deleted while pending is not called, and its timer's expiry is harmless.
+    auto* single = new CallTarget;
+    auto* repeating = new CallTarget;
+    CDelayedCall::invoke(10, single, "ping");
+    CDelayedCall::invoke(5, repeating, "ping", false);
+    const int callsBefore = CallTarget::s_allCalls;
+    delete single;
+    delete repeating;
+    // The left-over repeating timer keeps waking and calls nothing.
+    spin(40);
+    QCOMPARE(CallTarget::s_allCalls.load(), callsBefore);
+}
+
+void TestDelayedCall::discardOneOrAll()
+{
+    for (const char* method : {"ping", static_cast<const char*>(nullptr)}) {
+        CallTarget target;
+        CallTarget other;
+        CDelayedCall::invoke(10, &target, "ping");
+        CDelayedCall::invoke(10, &target, "pong");
+        CDelayedCall::invoke(10, &other, "ping");
+        CDelayedCall::discard(&target, method);
+        QVERIFY(!CDelayedCall::isActive(&target, "ping"));
+        QCOMPARE(CDelayedCall::isActive(&target, "pong"), method != nullptr);
+        spin(40);
+        QCOMPARE(target.calls, method ? QStringList{"pong"} : QStringList());
+        QCOMPARE(other.calls, QStringList{"ping"});
+    }
+}
+
+void TestDelayedCall::callsFromInsideTheCall()
+{
+    CallTarget single;
+    CDelayedCall::invoke(5, &single, "reArm", true);
+    QTRY_COMPARE(single.calls.size(), 3);
+    QVERIFY(!single.activeInside);
+    spin(30);
+    QCOMPARE(single.calls.size(), 3);
+
+    // A repeating call keeps firing, with its record in place, until discarded.
+    CallTarget repeating;
+    CDelayedCall::invoke(5, &repeating, "repeat", false);
+    QTRY_COMPARE(repeating.calls.size(), 3);
+    QVERIFY(repeating.activeInside);
+    QVERIFY(!CDelayedCall::isActive(&repeating, "repeat"));
+    spin(30);
+    QCOMPARE(repeating.calls.size(), 3);
+}
+
+void TestDelayedCall::threadsKeepTheirOwnCalls()
+{
+    const int threadCount = 4;
+    std::vector<std::thread> threads;
+    std::atomic<int> callsSeen{0};
+    std::atomic<int> armed{0};
+    CallTarget shared; // lives on the main thread; armed from every worker
+
+    for (int i = 0; i < threadCount; ++i) {
+        threads.emplace_back([&, i] {
+            QEventLoop loop; // gives this thread an event dispatcher for the timers
+            CallTarget local;
+            // Each thread arms the same key on the shared target; only its own invoker sees it.
+            CDelayedCall::invokeWithArgs(30 + i, &shared, "withInt", QVariant(i));
+            CDelayedCall::invoke(5, &local, "ping");
+            CDelayedCall::invoke(5, &local, "ping"); // replaced, so one call
+            ++armed;
+            QTimer::singleShot(90, &loop, &QEventLoop::quit);
+            loop.exec();
+            callsSeen += local.calls.size();
+        });
+    }
+    while (armed < threadCount)
+        QThread::yieldCurrentThread();
+    // Armed on every worker, unknown here; discarding here does not reach them.
+    const bool activeHere = CDelayedCall::isActive(&shared, "withInt");
+    CDelayedCall::discard(&shared, nullptr);
+    for (std::thread& thread : threads)
+        thread.join();
+    QVERIFY(!activeHere);
+    QCOMPARE(callsSeen.load(), threadCount);
+    // The shared target lives here, so each worker's call was queued to this thread.
+    QTRY_COMPARE(shared.calls.size(), threadCount);
+    QStringList sorted = shared.calls;
+    sorted.sort();
+    QCOMPARE(sorted, (QStringList{"int 0", "int 1", "int 2", "int 3"}));
+}
+
+UTILSDLL_TEST_MAIN(TestDelayedCall)
+#include "tst_delayedcall.moc"
