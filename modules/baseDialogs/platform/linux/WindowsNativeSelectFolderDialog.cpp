@@ -36,6 +36,17 @@ public:
             setDirectory(selected.first());
     }
 
+protected:
+    void showEvent(QShowEvent* event) override
+    {
+        QFileDialog::showEvent(event);
+        // The dialog shows its buttons again as it opens; the Open button stays away.
+        if (QDialogButtonBox* buttons = findChild<QDialogButtonBox*>()) {
+            if (QPushButton* open = buttons->button(QDialogButtonBox::Open))
+                open->hide();
+        }
+    }
+
 private:
     // The dialog's own Open button is enabled only with a file selected; the
     // replacement is always available and confirms the folder shown.
@@ -44,8 +55,6 @@ private:
         QDialogButtonBox* buttons = findChild<QDialogButtonBox*>();
         if (!buttons)
             return;
-        if (QPushButton* open = buttons->button(QDialogButtonBox::Open))
-            open->hide();
         QPushButton* select = buttons->addButton(buttonText, QDialogButtonBox::ActionRole);
         select->setObjectName(QStringLiteral("selectFolderButton"));
         select->setDefault(false);
