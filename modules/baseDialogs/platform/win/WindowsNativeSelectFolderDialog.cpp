@@ -45,7 +45,7 @@ LRESULT CALLBACK okButtonProc(HWND window, UINT message, WPARAM wParam, LPARAM l
     return CallWindowProcW(s_originalButtonProc, window, message, wParam, lParam);
 }
 
-class CDialogEventHandler : public IFileDialogEvents
+class CDialogEventHandler final : public IFileDialogEvents
 {
 public:
     IFACEMETHODIMP QueryInterface(REFIID riid, void** object) override

@@ -1,0 +1,232 @@
+// Packs and unpacks about 200 MB of mixed files (text, JPEG images, many small
+// files) with CompressFiles and the plain DecompressFiles, and with the zip and unzip
+// tools on the same files, then prints each pair's speed ratio. The files are made in
+// a temporary folder at start and removed at the end.
+#include "ArchiveHelpers.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <map>
+#include <string>
+
+namespace {
+
+struct Corpus
+{
+    explicit Corpus(const QString& workspace)
+        : workspace(workspace)
+        , root(workspace + QStringLiteral("/corpus-XXXXXX"))
+    {
+    }
+    QString outputPath(const char* name) const { return workspace + '/' + QLatin1String(name); }
+
+    QString workspace; // the corpus folder and every archive and output sit here
+    QTemporaryDir root;
+    QStringList files;
+    qint64 bytes = 0;
+    QString ourArchive;  // made by CompressFiles, unpacked by both sides
+};
+
+Corpus* s_corpus = nullptr;
+std::map<std::string, double> s_secondsPerRun;
+
+const char* const kWords[] = {"photo", "lens", "distortion", "keystone", "horizon", "crop", "tilt", "shift",
+                              "anamorphic", "correction", "pixel", "calibration", "module", "profile", "the",
+                              "and", "of", "with", "image", "frame"};
+
+QByteArray textData(int size, QRandomGenerator& random)
+{
+    QByteArray text;
+    text.reserve(size + 32);
+    while (text.size() < size) {
+        text += kWords[random.bounded(int(sizeof(kWords) / sizeof(kWords[0])))];
+        text += random.bounded(12) == 0 ? '\n' : ' ';
+    }
+    text.truncate(size);
+    return text;
+}
+
+QByteArray binaryData(int size, QRandomGenerator& random)
+{
+    QByteArray data(size, Qt::Uninitialized);
+    random.fillRange(reinterpret_cast<quint32*>(data.data()), size / 4);
+    return data;
+}
+
+// A noisy gradient: JPEG keeps it large, like a real photograph.
+QImage noisyImage(int width, int height, QRandomGenerator& random)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int y = 0; y < height; ++y) {
+        QRgb* line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < width; ++x) {
+            const quint32 noise = random.generate();
+            line[x] = qRgb((x * 255 / width + (noise & 63)) & 255, (y * 255 / height + ((noise >> 8) & 63)) & 255,
+                           (noise >> 16) & 255);
+        }
+    }
+    return image;
+}
+
+bool addFile(Corpus& corpus, const QString& name, const QByteArray& content)
+{
+    const QString path = corpus.root.filePath(name);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        return false;
+    corpus.files << path;
+    corpus.bytes += content.size();
+    return true;
+}
+
+bool makeCorpus(Corpus& corpus)
+{
+    QRandomGenerator random(20240611);
+    for (int i = 0; i < 40; ++i) // about 80 MB of text
+        if (!addFile(corpus, QStringLiteral("text%1.txt").arg(i), textData(2 * 1024 * 1024, random)))
+            return false;
+    while (corpus.bytes < 160LL * 1024 * 1024) { // about 80 MB of JPEG images
+        const QString path = corpus.root.filePath(QStringLiteral("image%1.jpg").arg(corpus.files.size()));
+        if (!noisyImage(1600, 1200, random).save(path, "JPEG", 92))
+            return false;
+        corpus.files << path;
+        corpus.bytes += QFileInfo(path).size();
+    }
+    for (int i = 0; i < 4000; ++i) { // 4000 small files, about 40 MB
+        const int size = 2048 + random.bounded(16384);
+        const QByteArray content = i % 2 ? textData(size, random) : binaryData(size, random);
+        if (!addFile(corpus, QStringLiteral("small%1.%2").arg(i).arg(i % 2 ? "txt" : "bin"), content))
+            return false;
+    }
+    return true;
+}
+
+bool runTool(const QString& program, const QStringList& arguments, const QByteArray& input = QByteArray())
+{
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForStarted())
+        return false;
+    process.write(input);
+    process.closeWriteChannel();
+    return process.waitForFinished(-1) && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+}
+
+void record(benchmark::State& state, const char* name, double seconds)
+{
+    state.SetBytesProcessed(int64_t(state.iterations()) * s_corpus->bytes);
+    s_secondsPerRun[name] = seconds / double(state.iterations());
+}
+
+void BM_CompressFiles(benchmark::State& state)
+{
+    const QString archive = s_corpus->outputPath("bench-ours.zip");
+    double seconds = 0;
+    for (auto _ : state) {
+        QFile::remove(archive);
+        QElapsedTimer timer;
+        timer.start();
+        if (!Vexa::CompressFiles(s_corpus->files, archive))
+            state.SkipWithError("CompressFiles failed");
+        seconds += timer.nsecsElapsed() / 1e9;
+    }
+    state.counters["archive_MB"] = QFileInfo(archive).size() / 1e6;
+    s_corpus->ourArchive = archive;
+    record(state, "compress", seconds);
+}
+
+void BM_ZipTool(benchmark::State& state)
+{
+    const QString archive = s_corpus->outputPath("bench-tool.zip");
+    const QByteArray names = s_corpus->files.join('\n').toLocal8Bit() + '\n';
+    double seconds = 0;
+    for (auto _ : state) {
+        QFile::remove(archive);
+        QElapsedTimer timer;
+        timer.start();
+        // -j stores bare file names, as CompressFiles does; -@ reads the list.
+        if (!runTool("zip", QStringList() << "-q" << "-j" << "-@" << archive, names))
+            state.SkipWithError("zip failed");
+        seconds += timer.nsecsElapsed() / 1e9;
+    }
+    state.counters["archive_MB"] = QFileInfo(archive).size() / 1e6;
+    QFile::remove(archive);
+    record(state, "zip", seconds);
+}
+
+void BM_DecompressFiles(benchmark::State& state)
+{
+    const QString target = s_corpus->outputPath("bench-out-ours");
+    double seconds = 0;
+    for (auto _ : state) {
+        QDir(target).removeRecursively();
+        QElapsedTimer timer;
+        timer.start();
+        if (!::DecompressFiles(s_corpus->ourArchive.toStdWString(), target.toStdWString()))
+            state.SkipWithError("DecompressFiles failed");
+        seconds += timer.nsecsElapsed() / 1e9;
+    }
+    QDir(target).removeRecursively();
+    record(state, "decompress", seconds);
+}
+
+void BM_UnzipTool(benchmark::State& state)
+{
+    const QString target = s_corpus->outputPath("bench-out-tool");
+    double seconds = 0;
+    for (auto _ : state) {
+        QDir(target).removeRecursively();
+        QElapsedTimer timer;
+        timer.start();
+        if (!runTool("unzip", QStringList() << "-q" << "-o" << s_corpus->ourArchive << "-d" << target))
+            state.SkipWithError("unzip failed");
+        seconds += timer.nsecsElapsed() / 1e9;
+    }
+    QDir(target).removeRecursively();
+    record(state, "unzip", seconds);
+}
+
+BENCHMARK(BM_CompressFiles)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
+BENCHMARK(BM_ZipTool)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
+BENCHMARK(BM_DecompressFiles)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
+BENCHMARK(BM_UnzipTool)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();
+
+void printRatio(const char* ours, const char* tool)
+{
+    if (!s_secondsPerRun.count(ours) || !s_secondsPerRun.count(tool))
+        return;
+    const double megabytes = s_corpus->bytes / 1e6;
+    std::printf("%-10s %8.1f MB/s   %-6s %8.1f MB/s   speed ratio %.2f\n", ours, megabytes / s_secondsPerRun[ours],
+                tool, megabytes / s_secondsPerRun[tool], s_secondsPerRun[tool] / s_secondsPerRun[ours]);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    QTemporaryDir workspace;
+    Corpus corpus(workspace.path());
+    if (!workspace.isValid() || !corpus.root.isValid() || !makeCorpus(corpus)) {
+        std::fprintf(stderr, "could not generate the files to pack\n");
+        return 1;
+    }
+    std::printf("corpus: %d files, %.1f MB\n", corpus.files.size(), corpus.bytes / 1e6);
+    s_corpus = &corpus;
+    benchmark::RunSpecifiedBenchmarks();
+    printRatio("compress", "zip");
+    printRatio("decompress", "unzip");
+    s_corpus = nullptr;
+    return 0;
+}
