@@ -17,6 +17,7 @@
 
 #include <cstdio>
 #include <ctime>
+#include <functional>
 #include <map>
 #include <string>
 
@@ -144,8 +145,23 @@ bool runTool(const QString& program, const QStringList& arguments, const QByteAr
     return process.waitForFinished(-1) && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
-void record(benchmark::State& state, const char* name, double seconds, double cpuSeconds)
+// Runs work once per iteration, timing only it: prepare (removing the last output)
+// stays outside both clocks. cpuClock tells whose processor time counts.
+void measure(benchmark::State& state, const char* name, double (*cpuClock)(), const std::function<void()>& prepare,
+             const std::function<bool()>& work)
 {
+    double seconds = 0;
+    double cpuSeconds = 0;
+    for (auto _ : state) {
+        prepare();
+        const double cpuStart = cpuClock();
+        QElapsedTimer timer;
+        timer.start();
+        if (!work())
+            state.SkipWithError(name);
+        seconds += timer.nsecsElapsed() / 1e9;
+        cpuSeconds += cpuClock() - cpuStart;
+    }
     state.SetBytesProcessed(int64_t(state.iterations()) * s_corpus->bytes);
     s_secondsPerRun[name] = seconds / double(state.iterations());
     s_cpuSecondsPerRun[name] = cpuSeconds / double(state.iterations());
@@ -155,81 +171,37 @@ void record(benchmark::State& state, const char* name, double seconds, double cp
 void BM_CompressFiles(benchmark::State& state)
 {
     const QString archive = s_corpus->outputPath("bench-ours.zip");
-    double seconds = 0;
-    double cpuSeconds = 0;
-    for (auto _ : state) {
-        QFile::remove(archive);
-        const double cpuStart = processCpuSeconds();
-        QElapsedTimer timer;
-        timer.start();
-        if (!Vexa::CompressFiles(s_corpus->files, archive))
-            state.SkipWithError("CompressFiles failed");
-        seconds += timer.nsecsElapsed() / 1e9;
-        cpuSeconds += processCpuSeconds() - cpuStart;
-    }
+    measure(state, "compress", processCpuSeconds, [&]() { QFile::remove(archive); },
+            [&]() { return Vexa::CompressFiles(s_corpus->files, archive); });
     state.counters["archive_MB"] = QFileInfo(archive).size() / 1e6;
     s_corpus->ourArchive = archive;
-    record(state, "compress", seconds, cpuSeconds);
 }
 
 void BM_ZipTool(benchmark::State& state)
 {
     const QString archive = s_corpus->outputPath("bench-tool.zip");
     const QByteArray names = s_corpus->files.join('\n').toLocal8Bit() + '\n';
-    double seconds = 0;
-    double cpuSeconds = 0;
-    for (auto _ : state) {
-        QFile::remove(archive);
-        const double cpuStart = childrenCpuSeconds();
-        QElapsedTimer timer;
-        timer.start();
-        // -j stores bare file names, as CompressFiles does; -@ reads the list.
-        if (!runTool("zip", QStringList() << "-q" << "-j" << "-@" << archive, names))
-            state.SkipWithError("zip failed");
-        seconds += timer.nsecsElapsed() / 1e9;
-        cpuSeconds += childrenCpuSeconds() - cpuStart;
-    }
+    // -j stores bare file names, as CompressFiles does; -@ reads the list.
+    measure(state, "zip", childrenCpuSeconds, [&]() { QFile::remove(archive); },
+            [&]() { return runTool("zip", QStringList() << "-q" << "-j" << "-@" << archive, names); });
     state.counters["archive_MB"] = QFileInfo(archive).size() / 1e6;
     QFile::remove(archive);
-    record(state, "zip", seconds, cpuSeconds);
 }
 
 void BM_DecompressFiles(benchmark::State& state)
 {
     const QString target = s_corpus->outputPath("bench-out-ours");
-    double seconds = 0;
-    double cpuSeconds = 0;
-    for (auto _ : state) {
-        QDir(target).removeRecursively();
-        const double cpuStart = processCpuSeconds();
-        QElapsedTimer timer;
-        timer.start();
-        if (!::DecompressFiles(s_corpus->ourArchive.toStdWString(), target.toStdWString()))
-            state.SkipWithError("DecompressFiles failed");
-        seconds += timer.nsecsElapsed() / 1e9;
-        cpuSeconds += processCpuSeconds() - cpuStart;
-    }
+    measure(state, "decompress", processCpuSeconds, [&]() { QDir(target).removeRecursively(); },
+            [&]() { return ::DecompressFiles(s_corpus->ourArchive.toStdWString(), target.toStdWString()); });
     QDir(target).removeRecursively();
-    record(state, "decompress", seconds, cpuSeconds);
 }
 
 void BM_UnzipTool(benchmark::State& state)
 {
     const QString target = s_corpus->outputPath("bench-out-tool");
-    double seconds = 0;
-    double cpuSeconds = 0;
-    for (auto _ : state) {
-        QDir(target).removeRecursively();
-        const double cpuStart = childrenCpuSeconds();
-        QElapsedTimer timer;
-        timer.start();
-        if (!runTool("unzip", QStringList() << "-q" << "-o" << s_corpus->ourArchive << "-d" << target))
-            state.SkipWithError("unzip failed");
-        seconds += timer.nsecsElapsed() / 1e9;
-        cpuSeconds += childrenCpuSeconds() - cpuStart;
-    }
+    measure(state, "unzip", childrenCpuSeconds, [&]() { QDir(target).removeRecursively(); },
+            [&]() { return runTool("unzip", QStringList() << "-q" << "-o" << s_corpus->ourArchive << "-d" << target); });
     QDir(target).removeRecursively();
-    record(state, "unzip", seconds, cpuSeconds);
 }
 
 BENCHMARK(BM_CompressFiles)->Unit(benchmark::kMillisecond)->Iterations(3)->UseRealTime();

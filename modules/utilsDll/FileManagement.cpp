@@ -21,21 +21,25 @@ constexpr int kMaxPathPartLength = 261;
 constexpr int kSelectedFileReportLine = 81;
 constexpr int kShellSelectionReportLine = 92;
 
+const QString& reservedNames()
+{
+    static const QString names = QStringLiteral("CON|PRN|AUX|NUL|COM1|COM2|COM3|COM4|COM5|COM6|COM7|COM8|COM9|"
+                                                "LPT1|LPT2|LPT3|LPT4|LPT5|LPT6|LPT7|LPT8|LPT9");
+    return names;
+}
+
+// Compiled once per process; the function-local statics make that thread-safe.
 const QRegExp& reservedNamePattern()
 {
-    static const QRegExp pattern(
-        QStringLiteral("CON|PRN|AUX|NUL|COM1|COM2|COM3|COM4|COM5|COM6|COM7|COM8|COM9|"
-                       "LPT1|LPT2|LPT3|LPT4|LPT5|LPT6|LPT7|LPT8|LPT9"),
-        Qt::CaseInsensitive, QRegExp::RegExp);
+    static const QRegExp pattern(reservedNames(), Qt::CaseInsensitive, QRegExp::RegExp);
     return pattern;
 }
 
+// The class holds a forward slash and one backslash.
 const QRegExp& reservedLastPartPattern()
 {
-    static const QRegExp pattern(
-        QStringLiteral(".*[/\\\\](CON|PRN|AUX|NUL|COM1|COM2|COM3|COM4|COM5|COM6|COM7|COM8|COM9|"
-                       "LPT1|LPT2|LPT3|LPT4|LPT5|LPT6|LPT7|LPT8|LPT9)"),
-        Qt::CaseInsensitive, QRegExp::RegExp);
+    static const QRegExp pattern(QStringLiteral(".*[/\\\\](%1)").arg(reservedNames()), Qt::CaseInsensitive,
+                                 QRegExp::RegExp);
     return pattern;
 }
 
