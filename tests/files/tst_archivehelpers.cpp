@@ -292,6 +292,10 @@ void TestArchiveHelpers::corruptEntryLeavesNoFile()
     QVERIFY(!QFile::exists(m_target + "/broken.bin"));
     QCOMPARE(readFile(m_target + "/first.txt"), QByteArray("1"));
     QCOMPARE(readFile(m_target + "/last.txt"), QByteArray("3"));
+
+    const QString second = m_base->filePath("second");
+    VEXA_NAMESPACE::DecompressFiles(m_archive, second);
+    QVERIFY(!QFile::exists(second + "/broken.bin"));
 }
 
 UTILSDLL_TEST_MAIN(TestArchiveHelpers)
