@@ -1,0 +1,16 @@
+# validateFileName must answer, never crash, for any text a user can type. The file
+# management sources are compiled into the target itself so that the fuzzer's
+# coverage instrumentation sees the code under test, not only the entry point.
+set(_fileManagementDir ${PROJECT_SOURCE_DIR}/modules/utilsDll)
+if(WIN32)
+    set(_fileManagementPlatform ${_fileManagementDir}/platform/win/FileManagement.cpp)
+else()
+    set(_fileManagementPlatform ${_fileManagementDir}/platform/linux/FileManagement.cpp)
+endif()
+utilsdll_add_fuzzer(fuzz_file_names
+    SOURCES
+        ${CMAKE_CURRENT_LIST_DIR}/fuzz_file_names.cpp
+        ${_fileManagementDir}/FileManagement.cpp
+        ${_fileManagementPlatform}
+    LIBRARIES Qt5::DBus)
+target_include_directories(fuzz_file_names PRIVATE ${_fileManagementDir})

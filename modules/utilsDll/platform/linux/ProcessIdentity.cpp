@@ -1,0 +1,68 @@
+#include "../ProcessIdentity.h"
+#include "PeVersionReader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <vector>
+
+namespace VexaPlatform {
+
+namespace {
+
+// /proc/<pid>/exe names the executable; it cannot be read for processes of other
+// users, which are then passed over as the system passes them over elsewhere.
+QString executableOf(const QString& processFolder)
+{
+    return QFile::symLinkTarget(processFolder + QStringLiteral("/exe"));
+}
+
+// Process ids in ascending order, the order in which the system lists them.
+std::vector<qint64> processIds()
+{
+    std::vector<qint64> ids;
+    const QStringList names = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString& name : names) {
+        bool isNumber = false;
+        const qint64 id = name.toLongLong(&isNumber);
+        if (isNumber && id > 0)
+            ids.push_back(id);
+    }
+    std::sort(ids.begin(), ids.end());
+    return ids;
+}
+
+} // namespace
+
+std::wstring currentProcessBaseName()
+{
+    return QFileInfo(executableOf(QStringLiteral("/proc/self"))).fileName().toStdWString();
+}
+
+std::wstring processImagePath(const std::function<bool(const std::wstring& baseName)>& matches)
+{
+    for (const qint64 id : processIds()) {
+        const QString executable = executableOf(QStringLiteral("/proc/%1").arg(id));
+        if (executable.isEmpty())
+            continue;
+        if (matches(QFileInfo(executable).fileName().toStdWString()))
+            return executable.toStdWString();
+    }
+    return std::wstring();
+}
+
+FixedFileVersion executableFileVersion(const std::wstring& path)
+{
+    // Native executables carry no version resource; Windows executables (run under
+    // a compatibility layer, or merely found by path) do.
+    const PeFileVersion peVersion = readPeFileVersionFromFile(QFile::encodeName(QString::fromStdWString(path)).toStdString());
+    FixedFileVersion version;
+    version.found = peVersion.found;
+    version.fileVersionMS = peVersion.fileVersionMS;
+    version.fileVersionLS = peVersion.fileVersionLS;
+    return version;
+}
+
+} // namespace VexaPlatform

@@ -1,0 +1,259 @@
+#include "ProcessIdentity.h"
+#include "TestEnvironment.h"
+
+#include "PeVersionReader.h"
+#include "platform/ProcessIdentity.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <cstring>
+
+using namespace VexaPlatform;
+
+namespace {
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString sample(const char* name)
+{
+    return qEnvironmentVariable("PE_SAMPLES_DIR") + '/' + QLatin1String(name);
+}
+
+PeFileVersion versionOf(const QByteArray& image)
+{
+    return readPeFileVersion(reinterpret_cast<const std::uint8_t*>(image.constData()), size_t(image.size()));
+}
+
+void put16(QByteArray& image, int offset, quint16 value)
+{
+    image[offset] = char(value & 0xFF);
+    image[offset + 1] = char(value >> 8);
+}
+
+void put32(QByteArray& image, int offset, quint32 value)
+{
+    for (int i = 0; i < 4; ++i)
+        image[offset + i] = char((value >> (8 * i)) & 0xFF);
+}
+
+quint32 get32(const QByteArray& image, int offset)
+{
+    quint32 value = 0;
+    for (int i = 3; i >= 0; --i)
+        value = (value << 8) | uchar(image.at(offset + i));
+    return value;
+}
+
+// A minimal PE32 (32-bit) image with one resource section, built here since the
+// cross compiler at hand only makes 64-bit images. Layout of the section: root table,
+// type 16 table, name 1 table, data entry, VS_VERSIONINFO.
+QByteArray buildPe32(quint32 fileVersionMS, quint32 fileVersionLS)
+{
+    constexpr int kPeOffset = 0x40;
+    constexpr int kOptional = kPeOffset + 24;
+    constexpr int kOptionalSize = 224;
+    constexpr int kSectionTable = kOptional + kOptionalSize;
+    constexpr int kRaw = 0x200;
+    constexpr quint32 kRva = 0x1000;
+    QByteArray image(kRaw + 0x200, '\0');
+    put16(image, 0, 0x5A4D);
+    put32(image, 0x3C, kPeOffset);
+    put32(image, kPeOffset, 0x00004550);
+    put16(image, kPeOffset + 4, 0x14C);
+    put16(image, kPeOffset + 6, 1);
+    put16(image, kPeOffset + 20, kOptionalSize);
+    put16(image, kOptional, 0x10B);
+    put32(image, kOptional + 92, 16);
+    put32(image, kOptional + 96 + 16, kRva);
+    put32(image, kOptional + 96 + 20, 0x200);
+    std::memcpy(image.data() + kSectionTable, ".rsrc", 5);
+    put32(image, kSectionTable + 8, 0x200);
+    put32(image, kSectionTable + 12, kRva);
+    put32(image, kSectionTable + 16, 0x200);
+    put32(image, kSectionTable + 20, kRaw);
+
+    auto table = [&](int at, quint32 id, quint32 target) {
+        put16(image, kRaw + at + 14, 1);
+        put32(image, kRaw + at + 16, id);
+        put32(image, kRaw + at + 20, target);
+    };
+    table(0x00, 16, 0x80000000u | 0x18);
+    table(0x18, 1, 0x80000000u | 0x30);
+    table(0x30, 0x409, 0x48);
+    const int block = 0x58;
+    put32(image, kRaw + 0x48, kRva + block);
+    put32(image, kRaw + 0x48 + 4, 92);
+    put16(image, kRaw + block, 92);
+    put16(image, kRaw + block + 2, 52);
+    const char16_t key[] = u"VS_VERSION_INFO";
+    for (int i = 0; i < 16; ++i)
+        put16(image, kRaw + block + 6 + 2 * i, key[i]);
+    put32(image, kRaw + block + 40, 0xFEEF04BD);
+    put32(image, kRaw + block + 48, fileVersionMS);
+    put32(image, kRaw + block + 52, fileVersionLS);
+    return image;
+}
+
+} // namespace
+
+class TestProcessIdentity : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void currentProcessName();
+    void unknownVersions();
+    void findsProcessByFullName();
+    void readsVersionFromPeSamples_data();
+    void readsVersionFromPeSamples();
+    void readsPe32Image();
+    void refusesTruncatedImages();
+    void refusesMalformedImages_data();
+    void refusesMalformedImages();
+};
+
+void TestProcessIdentity::currentProcessName()
+{
+    QCOMPARE(UtilsDll::currentProcessName(), QFileInfo(QCoreApplication::applicationFilePath()).fileName());
+}
+
+void TestProcessIdentity::unknownVersions()
+{
+    const auto isUnknown = [](const UtilsDll::BinaryVersion& version) {
+        return version.text.isEmpty() && version.major == 0 && version.minor == 0 && version.revision == 0
+            && version.build == 0;
+    };
+    QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName(QString())));
+    QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName("no-such-process.exe")));
+    // Found, but a native executable has no version resource.
+    QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName(UtilsDll::currentProcessName())));
+    QVERIFY(!executableFileVersion(QCoreApplication::applicationFilePath().toStdWString()).found);
+}
+
+void TestProcessIdentity::findsProcessByFullName()
+{
+    // A copy of sleep under a Windows-like name stands for the host process.
+    QTemporaryDir folder;
+    const QString host = folder.filePath("host.exe");
+    QVERIFY(QFile::copy("/bin/sleep", host));
+    QProcess process;
+    process.start(host, QStringList() << "30");
+    QVERIFY(process.waitForStarted());
+
+    const auto find = [](const QString& name) {
+        return QString::fromStdWString(processImagePath([&name](const std::wstring& baseName) {
+            return QString::compare(QString::fromStdWString(baseName), name, Qt::CaseInsensitive) == 0;
+        }));
+    };
+    QCOMPARE(find("HOST.EXE"), host);
+    QCOMPARE(find("host"), QString());
+
+    process.kill();
+    process.waitForFinished();
+}
+
+void TestProcessIdentity::readsVersionFromPeSamples_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<bool>("found");
+    QTest::newRow("with version") << sample("versioned.exe") << true;
+    QTest::newRow("without version") << sample("unversioned.exe") << false;
+    QTest::newRow("version under another name") << sample("othername.exe") << false;
+    QTest::newRow("missing file") << sample("missing.exe") << false;
+}
+
+void TestProcessIdentity::readsVersionFromPeSamples()
+{
+    QFETCH(QString, file);
+    QFETCH(bool, found);
+    const FixedFileVersion version = executableFileVersion(file.toStdWString());
+    QCOMPARE(version.found, found);
+    if (found) {
+        // FILEVERSION 3,2,17,254: the file version, not the product version 9,8,7,6.
+        QCOMPARE(version.fileVersionMS, (3u << 16) | 2u);
+        QCOMPARE(version.fileVersionLS, (17u << 16) | 254u);
+    }
+}
+
+void TestProcessIdentity::readsPe32Image()
+{
+    const PeFileVersion version = versionOf(buildPe32(0x00050006, 0x00070008));
+    QVERIFY(version.found);
+    QCOMPARE(version.fileVersionMS, 0x00050006u);
+    QCOMPARE(version.fileVersionLS, 0x00070008u);
+}
+
+void TestProcessIdentity::refusesTruncatedImages()
+{
+    const QByteArray image = readFile(sample("versioned.exe"));
+    QVERIFY(versionOf(image).found);
+    int refused = 0;
+    for (int size = 0; size < image.size(); ++size) {
+        const PeFileVersion version = versionOf(image.left(size));
+        // A cut that keeps the headers and the resource may still answer, but then
+        // only with the true version.
+        if (version.found)
+            QCOMPARE(version.fileVersionMS, (3u << 16) | 2u);
+        else
+            ++refused;
+    }
+    QVERIFY(refused > image.size() / 2);
+    QVERIFY(!readPeFileVersion(nullptr, 100).found);
+}
+
+void TestProcessIdentity::refusesMalformedImages_data()
+{
+    QTest::addColumn<QString>("damage");
+    QTest::newRow("no MZ") << "mz";
+    QTest::newRow("PE offset past the end") << "peOffset";
+    QTest::newRow("no PE signature") << "peSignature";
+    QTest::newRow("unknown optional header") << "magic";
+    QTest::newRow("huge section count") << "sections";
+    QTest::newRow("resource directory outside every section") << "resourceRva";
+    QTest::newRow("resource table entry count huge") << "entryCount";
+    QTest::newRow("resource subdirectory loops to itself") << "loop";
+    QTest::newRow("version block outside the file") << "blockRva";
+    QTest::newRow("fixed info signature wrong") << "signature";
+    QTest::newRow("value length too short") << "valueLength";
+}
+
+void TestProcessIdentity::refusesMalformedImages()
+{
+    QFETCH(QString, damage);
+    QByteArray image = buildPe32(0x00010002, 0x00030004);
+    QVERIFY(versionOf(image).found);
+    const int raw = 0x200;
+    if (damage == "mz")
+        put16(image, 0, 0x4D5A);
+    else if (damage == "peOffset")
+        put32(image, 0x3C, 0xFFFFFFF0u);
+    else if (damage == "peSignature")
+        put32(image, 0x40, 0x00004551);
+    else if (damage == "magic")
+        put16(image, 0x40 + 24, 0x107);
+    else if (damage == "sections")
+        put16(image, 0x40 + 6, 0xFFFF);
+    else if (damage == "resourceRva")
+        put32(image, 0x40 + 24 + 96 + 16, 0x7FFFFFF0u);
+    else if (damage == "entryCount")
+        put16(image, raw + 14, 0xFFFF), put32(image, raw + 16, 3);
+    else if (damage == "loop")
+        put32(image, raw + 0x18 + 20, 0x80000000u | 0x18);
+    else if (damage == "blockRva")
+        put32(image, raw + 0x48, get32(image, raw + 0x48) + 0x10000);
+    else if (damage == "signature")
+        put32(image, raw + 0x58 + 40, 0xFEEF04BC);
+    else if (damage == "valueLength")
+        put16(image, raw + 0x58 + 2, 51);
+    QVERIFY(!versionOf(image).found);
+}
+
+UTILSDLL_TEST_MAIN(TestProcessIdentity)
+#include "tst_processidentity.moc"
