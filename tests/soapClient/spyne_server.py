@@ -1,10 +1,13 @@
 """SOAP 1.1 service used by the transport's interop test.
 
 Listens on 127.0.0.1 on a free port, prints "PORT <n>" once it accepts
-connections, and serves until it is killed.
+connections, and serves until it is killed or its standard input closes (so
+that it never outlives a test that died before stopping it).
 """
 import logging
+import os
 import sys
+import threading
 from wsgiref.simple_server import WSGIRequestHandler, make_server
 
 from spyne import Application, ComplexModel, Fault, Integer, Boolean, Unicode, Array, rpc, ServiceBase
@@ -52,11 +55,17 @@ class QuietHandler(WSGIRequestHandler):
         pass
 
 
+def exit_when_parent_goes():
+    sys.stdin.read()
+    os._exit(0)
+
+
 def main():
     logging.basicConfig(level=logging.CRITICAL)
     application = Application([InteropService], tns=NAMESPACE,
                               in_protocol=Soap11(validator=None), out_protocol=Soap11())
     server = make_server("127.0.0.1", 0, WsgiApplication(application), handler_class=QuietHandler)
+    threading.Thread(target=exit_when_parent_goes, daemon=True).start()
     print("PORT %d" % server.server_port, flush=True)
     server.serve_forever()
 
