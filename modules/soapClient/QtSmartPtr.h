@@ -1,5 +1,9 @@
 #pragma once
 
+#include "UtilsDllGlobal.h"
+
+namespace VEXA_NAMESPACE {
+
 // Counted pointer holding every item of a SOAP value tree. Copies of a tree share
 // their items through it. The count is a plain int on purpose: a tree and all its
 // copies belong to one thread at a time.
@@ -62,3 +66,5 @@ private:
     int* count;
     T* item;
 };
+
+} // namespace VEXA_NAMESPACE
