@@ -1,0 +1,54 @@
+// Feeds arbitrary bytes to QtSoapMessage::setContent, then reads the result the way
+// the transport and its callers do, and writes it back out.
+#include "QtSoapMessage.h"
+
+#include <QCoreApplication>
+
+#include <cstddef>
+#include <cstdint>
+
+using VEXA_NAMESPACE::QtSoapMessage;
+using VEXA_NAMESPACE::QtSoapType;
+
+namespace {
+
+void silenceQtMessages(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+int walk(const QtSoapType& value, int depth)
+{
+    int visited = 1;
+    if (depth > 64)
+        return visited;
+    for (int i = 0; i < value.count(); ++i)
+        visited += walk(value[i], depth + 1);
+    return visited + value.toString().size() % 2;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    static int argc = 1;
+    static char name[] = "soap_message_fuzzer";
+    static char* argv[] = {name, nullptr};
+    static QCoreApplication* application = [] {
+        qInstallMessageHandler(silenceQtMessages);
+        return new QCoreApplication(argc, argv);
+    }();
+    Q_UNUSED(application);
+
+    QtSoapMessage message;
+    const bool parsed = message.setContent(QByteArray(reinterpret_cast<const char*>(data), int(size)));
+    walk(message.returnValue(), 0);
+    message.faultString().toString();
+    message.faultDetail().count();
+    if (!parsed || !message.isFault()) {
+        // What the transport does to a reply with an unexpected status: writes a
+        // fault into whatever body arrived.
+        message.setFaultCode(QtSoapMessage::Client);
+        message.addMethodArgument(QStringLiteral("a"), QString(), 1);
+    }
+    QtSoapMessage copy = message;
+    copy.toXmlString(0);
+    return 0;
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "QtSoapMessage.h"
+#include "UtilsDllGlobal.h"
+
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QObject>
+#include <QPointer>
+#include <QUrl>
+
+namespace VEXA_NAMESPACE {
+
+// Posts one QtSoapMessage to an HTTP or HTTPS endpoint and delivers the reply by
+// signal. Lives on its owner's thread, whose event loop must run. Every failure
+// arrives as a normal responseReady with a fault in the response.
+class UTILSDLL_EXPORT QtSoapHttpTransport : public QObject
+{
+    Q_OBJECT
+public:
+    explicit QtSoapHttpTransport(QObject* parent = nullptr);
+    ~QtSoapHttpTransport() override;
+
+    // A port of 0 means the scheme's default.
+    void setHost(const QString& host, int port = 0);
+    void setHost(const QString& host, bool useSecureHTTP, int port = 0);
+    // The whole header value; it is sent unquoted.
+    void setAction(const QString& action);
+    // No busy state: a second call while a reply is due starts a second post, and
+    // both replies arrive. Wait for responseReady before submitting again.
+    void submitRequest(QtSoapMessage& request, const QString& path);
+
+    const QtSoapMessage& getResponse() const;
+    QNetworkAccessManager* networkAccessManager();
+    QNetworkReply* networkReply();
+
+signals:
+    void responseReady();
+    void responseReady(const VEXA_NAMESPACE::QtSoapMessage& response);
+
+private slots:
+    void readResponse(QNetworkReply* reply);
+
+private:
+    QNetworkAccessManager accessManager;
+    QPointer<QNetworkReply> currentReply;
+    QUrl endpoint;
+    QString soapAction;
+    QtSoapMessage response;
+};
+
+} // namespace VEXA_NAMESPACE

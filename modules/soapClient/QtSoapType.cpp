@@ -1,0 +1,270 @@
+#include "QtSoapType.h"
+
+#include "SoapNames.h"
+
+namespace VEXA_NAMESPACE {
+
+namespace {
+
+struct TypeNames
+{
+    const char* name;   // what typeToName writes
+    const char* key;    // what nameToType accepts, after trim and lower-casing
+};
+
+// Indexed by QtSoapType::Type. The keys "hexBinary" and "nonPositiveinteger" keep
+// their capitals and can therefore never match a lower-cased argument: those two
+// type names read back as Other, and the network modules rely on exactly that.
+const TypeNames typeNames[] = {
+    {"duration", "duration"}, {"dateTime", "datetime"}, {"time", "time"}, {"date", "date"},
+    {"gYearMonth", "gyearmonth"}, {"gYear", "gyear"}, {"gMonthDay", "gmonthday"},
+    {"gDay", "gday"}, {"gMonth", "gmonth"}, {"boolean", "boolean"},
+    {"base64Binary", "base64binary"}, {"hexBinary", "hexBinary"}, {"float", "float"},
+    {"double", "double"}, {"anyURI", "anyuri"}, {"QName", "qname"}, {"NOTATION", "notation"},
+    {"string", "string"}, {"normalizedString", "normalizedstring"}, {"token", "token"},
+    {"language", "language"}, {"name", "name"}, {"NMToken", "nmtoken"}, {"NCName", "ncname"},
+    {"ID", "id"}, {"IDREF", "idref"}, {"ENTITY", "entity"}, {"decimal", "decimal"},
+    {"integer", "integer"}, {"nonPositiveInteger", "nonPositiveinteger"},
+    {"negativeInteger", "negativeinteger"}, {"long", "long"}, {"int", "int"},
+    {"short", "short"}, {"byte", "byte"}, {"nonNegativeInteger", "nonnegativeinteger"},
+    {"unsignedLong", "unsignedlong"}, {"positiveInteger", "positiveinteger"},
+    {"unsignedInt", "unsignedint"}, {"unsignedShort", "unsignedshort"},
+    {"unsignedByte", "unsignedbyte"},
+    // Array, Struct and Other have no key: nameToType never yields them by name.
+    {"array", nullptr}, {"struct", nullptr}, {"other", nullptr},
+};
+static_assert(sizeof(typeNames) / sizeof(typeNames[0]) == QtSoapType::Other + 1,
+              "one entry per QtSoapType::Type");
+
+enum class Conversion { Text, Boolean, Float, Double, Integer };
+
+Conversion conversionFor(QtSoapType::Type type)
+{
+    switch (type) {
+    case QtSoapType::Boolean: return Conversion::Boolean;
+    case QtSoapType::Float: return Conversion::Float;
+    case QtSoapType::Double: return Conversion::Double;
+    default: break;
+    }
+    if (type >= QtSoapType::Decimal && type <= QtSoapType::UnsignedByte)
+        return Conversion::Integer;
+    return Conversion::Text;
+}
+
+// "-5" passes, "+5" and "abc" do not; an empty text passes and reads as 0.
+bool looksLikeInteger(const QString& text)
+{
+    return text.isEmpty() || text.at(0).isNumber() || text.at(0) == QLatin1Char('-');
+}
+
+} // namespace
+
+QtSoapQName::QtSoapQName(const QString& name, const QString& uri)
+    : m_name(name)
+    , m_uri(uri)
+{
+}
+
+QtSoapQName& QtSoapQName::operator=(const QString& name)
+{
+    m_name = name;
+    m_uri = QLatin1String("");
+    return *this;
+}
+
+bool operator==(const QtSoapQName& candidate, const QtSoapQName& key)
+{
+    const bool sameName = candidate.name().compare(key.name(), Qt::CaseInsensitive) == 0;
+    if (key.uri() == QLatin1String(""))
+        return sameName;
+    return sameName && candidate.uri().compare(key.uri(), Qt::CaseInsensitive) == 0;
+}
+
+QtSoapType::QtSoapType()
+    : QtSoapType(QtSoapQName(), Other)
+{
+}
+
+QtSoapType::QtSoapType(const QtSoapQName& name, Type type)
+    : typeCode(type)
+    , errorText(QStringLiteral("Unknown error"))
+    , qualifiedName(name)
+{
+}
+
+QtSoapType::QtSoapType(const QtSoapType& copy) = default;
+QtSoapType& QtSoapType::operator=(const QtSoapType& copy) = default;
+QtSoapType::~QtSoapType() = default;
+
+void QtSoapType::clear() {}
+bool QtSoapType::parse(QDomNode) { return false; }
+bool QtSoapType::isValid() const { return false; }
+int QtSoapType::count() const { return 0; }
+QVariant QtSoapType::value() const { return QVariant(); }
+
+// Each form has its own shared "no such value" object. The mutable forms hand out
+// a writable reference to it; callers only ever test it with isValid().
+const QtSoapType& QtSoapType::operator[](const QString&) const
+{
+    static const QtSoapType notFound;
+    return notFound;
+}
+
+const QtSoapType& QtSoapType::operator[](const QtSoapQName&) const
+{
+    static const QtSoapType notFound;
+    return notFound;
+}
+
+const QtSoapType& QtSoapType::operator[](int) const
+{
+    static const QtSoapType notFound;
+    return notFound;
+}
+
+QtSoapType& QtSoapType::operator[](const QString&)
+{
+    static QtSoapType notFound;
+    return notFound;
+}
+
+QtSoapType& QtSoapType::operator[](const QtSoapQName&)
+{
+    static QtSoapType notFound;
+    return notFound;
+}
+
+QtSoapType& QtSoapType::operator[](int)
+{
+    static QtSoapType notFound;
+    return notFound;
+}
+
+QDomElement QtSoapType::toDomElement(QDomDocument) const { return QDomElement(); }
+QtSoapType::Type QtSoapType::type() const { return typeCode; }
+QString QtSoapType::id() const { return identifier; }
+QString QtSoapType::href() const { return reference; }
+QString QtSoapType::typeName() const { return typeToName(type()); }
+QtSoapQName QtSoapType::name() const { return qualifiedName; }
+QString QtSoapType::toString() const { return QString(); }
+int QtSoapType::toInt() const { return 0; }
+bool QtSoapType::toBool() const { return false; }
+
+void QtSoapType::setName(const QtSoapQName& name) { qualifiedName = name; }
+void QtSoapType::setId(const QString& id) { identifier = id; }
+void QtSoapType::setHref(const QString& ref) { reference = ref; }
+QString QtSoapType::errorString() const { return errorText; }
+
+QString QtSoapType::typeToName(Type type)
+{
+    if (type < Duration || type > Struct)
+        return QStringLiteral("other");
+    return QLatin1String(typeNames[type].name);
+}
+
+QtSoapType::Type QtSoapType::nameToType(const QString& name)
+{
+    const QString key = name.trimmed().toLower();
+    for (int type = Duration; type <= Other; ++type) {
+        if (typeNames[type].key && key == QLatin1String(typeNames[type].key))
+            return Type(type);
+    }
+    return Other;
+}
+
+QtSoapSimpleType::QtSoapSimpleType()
+    : QtSoapType()
+{
+}
+
+QtSoapSimpleType::QtSoapSimpleType(const QtSoapQName& name)
+    : QtSoapType(name, Other)
+{
+}
+
+QtSoapSimpleType::QtSoapSimpleType(const QtSoapQName& name, int n)
+    : QtSoapType(name, Int)
+    , scalarValue(n)
+{
+}
+
+QtSoapSimpleType::QtSoapSimpleType(const QtSoapQName& name, bool n, int)
+    : QtSoapType(name, Boolean)
+    , scalarValue(n)
+{
+}
+
+QtSoapSimpleType::QtSoapSimpleType(const QtSoapQName& name, const QString& n)
+    : QtSoapType(name, String)
+    , scalarValue(n)
+{
+}
+
+QtSoapSimpleType::QtSoapSimpleType(const QtSoapSimpleType& copy) = default;
+QtSoapSimpleType& QtSoapSimpleType::operator=(const QtSoapSimpleType& copy) = default;
+QtSoapSimpleType::~QtSoapSimpleType() = default;
+
+void QtSoapSimpleType::clear() { scalarValue.clear(); }
+bool QtSoapSimpleType::isValid() const { return true; }
+QVariant QtSoapSimpleType::value() const { return scalarValue; }
+QString QtSoapSimpleType::toString() const { return scalarValue.toString(); }
+int QtSoapSimpleType::toInt() const { return scalarValue.toInt(); }
+bool QtSoapSimpleType::toBool() const { return scalarValue.toBool(); }
+
+QDomElement QtSoapSimpleType::toDomElement(QDomDocument doc) const
+{
+    QDomElement element = SoapNames::createNamedElement(doc, qualifiedName.name(), qualifiedName.uri());
+    // The "xsd:" is literal, whatever prefix the schema namespace has.
+    element.setAttributeNS(SoapNames::schemaInstanceUri(),
+                           SoapNames::qualifiedAttributeName(SoapNames::schemaInstanceUri(), QStringLiteral("type")),
+                           QLatin1String("xsd:") + typeName());
+    element.appendChild(doc.createTextNode(scalarValue.toString()));
+    return element;
+}
+
+bool QtSoapSimpleType::parse(QDomNode node)
+{
+    if (node.isNull() || !node.isElement())
+        return false;
+    QDomElement element = node.toElement();
+    const QDomAttr typeAttribute = element.attributeNode(QStringLiteral("type"));
+    const QString typeText = typeAttribute.isNull()
+        ? QStringLiteral("string")
+        : SoapNames::localName(typeAttribute.value()).toLower();
+    // The type is taken before the conversion and kept if the conversion fails.
+    typeCode = nameToType(typeText);
+
+    const QString text = element.text();
+    switch (conversionFor(typeCode)) {
+    case Conversion::Text:
+        scalarValue = text;
+        break;
+    case Conversion::Boolean: {
+        // Only the words count; "0", "1" and anything else leave the value alone.
+        const QString word = text.trimmed().toLower();
+        if (word == QLatin1String("false"))
+            scalarValue = false;
+        else if (word == QLatin1String("true"))
+            scalarValue = true;
+        break;
+    }
+    case Conversion::Float:
+        scalarValue = text.toFloat();
+        break;
+    case Conversion::Double:
+        scalarValue = text.toDouble();
+        break;
+    case Conversion::Integer:
+        if (!looksLikeInteger(text)) {
+            errorText = QStringLiteral("Type error at element \"") + element.tagName() + QLatin1Char('"');
+            return false;
+        }
+        // Always a 32-bit int: "1.5" or values beyond 32 bits read as 0.
+        scalarValue = text.toInt(nullptr, 10);
+        break;
+    }
+    qualifiedName = QtSoapQName(SoapNames::localName(element.tagName()), element.namespaceURI());
+    return true;
+}
+
+} // namespace VEXA_NAMESPACE

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "QtSmartPtr.h"
+#include "QtSoapArray.h"
+#include "QtSoapStruct.h"
+#include "QtSoapType.h"
+
+#include <QHash>
+#include <list>
+
+namespace VEXA_NAMESPACE {
+
+// Creates one kind of value from an XML element.
+class UTILSDLL_EXPORT QtSoapTypeConstructorBase
+{
+public:
+    QtSoapTypeConstructorBase() = default;
+    QtSoapTypeConstructorBase(const QtSoapTypeConstructorBase&) = default;
+    QtSoapTypeConstructorBase& operator=(const QtSoapTypeConstructorBase&) = default;
+    virtual ~QtSoapTypeConstructorBase();
+
+    virtual QtSoapType* createObject(QDomNode node) = 0;
+    virtual QString errorString() const = 0;
+};
+
+template <class T>
+class QtSoapTypeConstructor : public QtSoapTypeConstructorBase
+{
+public:
+    QtSoapTypeConstructor() = default;
+    QtSoapTypeConstructor(const QtSoapTypeConstructor&) = default;
+    QtSoapTypeConstructor(QtSoapTypeConstructor&&) = default;
+    QtSoapTypeConstructor& operator=(const QtSoapTypeConstructor&) = default;
+    QtSoapTypeConstructor& operator=(QtSoapTypeConstructor&&) = default;
+    ~QtSoapTypeConstructor() override = default;
+
+    // A value that fails to parse is deleted, and its error kept here.
+    QtSoapType* createObject(QDomNode node) override
+    {
+        T* object = new T();
+        if (object->parse(node))
+            return object;
+        errorText = object->errorString();
+        delete object;
+        return nullptr;
+    }
+
+    QString errorString() const override { return errorText; }
+
+private:
+    QString errorText;
+};
+
+extern template class UTILSDLL_EXPORT QtSoapTypeConstructor<QtSoapStruct>;
+extern template class UTILSDLL_EXPORT QtSoapTypeConstructor<QtSoapArray>;
+extern template class UTILSDLL_EXPORT QtSoapTypeConstructor<QtSoapSimpleType>;
+
+// Process-wide: decides from one element which kind of value it becomes. Shared
+// and unlocked, and soapType() writes the error text although it is const.
+class UTILSDLL_EXPORT QtSoapTypeFactory
+{
+public:
+    QtSoapTypeFactory(const QtSoapTypeFactory&) = default;
+    QtSoapTypeFactory& operator=(const QtSoapTypeFactory&) = default;
+    ~QtSoapTypeFactory();
+
+    static QtSoapTypeFactory& instance();
+
+    // Names are stored as given: one registered with capitals is never found. A
+    // handler registered from outside stays its caller's.
+    bool registerHandler(const QString& name, QtSoapTypeConstructorBase* handler);
+    // Holds a null item on failure.
+    QtSmartPtr<QtSoapType> soapType(QDomNode node) const;
+    // The most recent failure only; a success does not clear it.
+    QString errorString() const;
+
+private:
+    QtSoapTypeFactory();
+
+    mutable QString errorText;
+    QHash<QString, QtSoapTypeConstructorBase*> typeHandlers;
+    std::list<QtSoapTypeConstructorBase*> ownedConstructors;
+};
+
+} // namespace VEXA_NAMESPACE
