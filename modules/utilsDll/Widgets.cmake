@@ -3,16 +3,22 @@
 utilsdll_add_sources(
     PUBLIC_HEADERS
         ${CMAKE_CURRENT_LIST_DIR}/GuiUtils.h
+        ${CMAKE_CURRENT_LIST_DIR}/MessageBox.h
     SOURCES
         ${CMAKE_CURRENT_LIST_DIR}/GuiUtils.cpp
+        ${CMAKE_CURRENT_LIST_DIR}/MessageBox.cpp
+        ${CMAKE_CURRENT_LIST_DIR}/MessageBox.ui
         ${CMAKE_CURRENT_LIST_DIR}/platform/ScreenMetrics.h
+        ${CMAKE_CURRENT_LIST_DIR}/platform/StopMessage.h
 )
 
 if(WIN32)
     target_sources(UtilsDll PRIVATE
-        ${CMAKE_CURRENT_LIST_DIR}/platform/win/ScreenMetrics.cpp)
+        ${CMAKE_CURRENT_LIST_DIR}/platform/win/ScreenMetrics.cpp
+        ${CMAKE_CURRENT_LIST_DIR}/platform/win/StopMessage.cpp)
     target_link_libraries(UtilsDll PRIVATE user32 gdi32)
 else()
     target_sources(UtilsDll PRIVATE
-        ${CMAKE_CURRENT_LIST_DIR}/platform/linux/ScreenMetrics.cpp)
+        ${CMAKE_CURRENT_LIST_DIR}/platform/linux/ScreenMetrics.cpp
+        ${CMAKE_CURRENT_LIST_DIR}/platform/linux/StopMessage.cpp)
 endif()
