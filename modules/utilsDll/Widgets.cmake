@@ -6,12 +6,15 @@ utilsdll_add_sources(
         ${CMAKE_CURRENT_LIST_DIR}/MessageBox.h
         ${CMAKE_CURRENT_LIST_DIR}/customvexaappstyle.h
         ${CMAKE_CURRENT_LIST_DIR}/ToolDrawing.h
+        ${CMAKE_CURRENT_LIST_DIR}/HostWarningDlg.h
     SOURCES
         ${CMAKE_CURRENT_LIST_DIR}/GuiUtils.cpp
         ${CMAKE_CURRENT_LIST_DIR}/MessageBox.cpp
         ${CMAKE_CURRENT_LIST_DIR}/MessageBox.ui
         ${CMAKE_CURRENT_LIST_DIR}/customvexaappstyle.cpp
         ${CMAKE_CURRENT_LIST_DIR}/ToolDrawing.cpp
+        ${CMAKE_CURRENT_LIST_DIR}/HostWarningDlg.cpp
+        ${CMAKE_CURRENT_LIST_DIR}/HostWarningDlg.ui
         ${CMAKE_CURRENT_LIST_DIR}/platform/ScreenMetrics.h
         ${CMAKE_CURRENT_LIST_DIR}/platform/StopMessage.h
 )

@@ -8,7 +8,7 @@
 
 namespace UtilsDllTest {
 
-// Runs 'action' on the modal dialog of class T as soon as it is on show, from the
+// Runs 'action' on the modal dialog of class T once it is on show and active, from the
 // event loop of its exec(). The action stands in for the user.
 template <class T>
 void whenModalShown(std::function<void(T*)> action)
@@ -17,7 +17,7 @@ void whenModalShown(std::function<void(T*)> action)
     timer->setInterval(5);
     QObject::connect(timer, &QTimer::timeout, [timer, action]() {
         T* dialog = qobject_cast<T*>(QApplication::activeModalWidget());
-        if (!dialog || !dialog->isVisible())
+        if (!dialog || !dialog->isVisible() || !dialog->isActiveWindow())
             return;
         timer->stop();
         timer->deleteLater();
