@@ -7,6 +7,7 @@ utilsdll_add_sources(
         ${CMAKE_CURRENT_LIST_DIR}/customvexaappstyle.h
         ${CMAKE_CURRENT_LIST_DIR}/ToolDrawing.h
         ${CMAKE_CURRENT_LIST_DIR}/HostWarningDlg.h
+        ${CMAKE_CURRENT_LIST_DIR}/AboutDlg.h
     SOURCES
         ${CMAKE_CURRENT_LIST_DIR}/GuiUtils.cpp
         ${CMAKE_CURRENT_LIST_DIR}/MessageBox.cpp
@@ -15,6 +16,11 @@ utilsdll_add_sources(
         ${CMAKE_CURRENT_LIST_DIR}/ToolDrawing.cpp
         ${CMAKE_CURRENT_LIST_DIR}/HostWarningDlg.cpp
         ${CMAKE_CURRENT_LIST_DIR}/HostWarningDlg.ui
+        ${CMAKE_CURRENT_LIST_DIR}/AboutDlg.cpp
+        ${CMAKE_CURRENT_LIST_DIR}/AboutDlg_p.h
+        ${CMAKE_CURRENT_LIST_DIR}/AboutDlg.ui
+        ${CMAKE_CURRENT_LIST_DIR}/AboutSorelDlg.ui
+        ${CMAKE_CURRENT_LIST_DIR}/platform/ActivationMessages.h
         ${CMAKE_CURRENT_LIST_DIR}/platform/ScreenMetrics.h
         ${CMAKE_CURRENT_LIST_DIR}/platform/StopMessage.h
 )
@@ -22,10 +28,12 @@ utilsdll_add_sources(
 if(WIN32)
     target_sources(UtilsDll PRIVATE
         ${CMAKE_CURRENT_LIST_DIR}/platform/win/ScreenMetrics.cpp
-        ${CMAKE_CURRENT_LIST_DIR}/platform/win/StopMessage.cpp)
+        ${CMAKE_CURRENT_LIST_DIR}/platform/win/StopMessage.cpp
+        ${CMAKE_CURRENT_LIST_DIR}/platform/win/ActivationMessages.cpp)
     target_link_libraries(UtilsDll PRIVATE user32 gdi32)
 else()
     target_sources(UtilsDll PRIVATE
         ${CMAKE_CURRENT_LIST_DIR}/platform/linux/ScreenMetrics.cpp
-        ${CMAKE_CURRENT_LIST_DIR}/platform/linux/StopMessage.cpp)
+        ${CMAKE_CURRENT_LIST_DIR}/platform/linux/StopMessage.cpp
+        ${CMAKE_CURRENT_LIST_DIR}/platform/linux/ActivationMessages.cpp)
 endif()
