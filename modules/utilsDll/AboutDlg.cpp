@@ -122,6 +122,15 @@ bool CAuxWinEventFilter::ActivationChangeWatcher::eventFilter(QObject* watched, 
     return QObject::eventFilter(watched, event);
 }
 
+void installFilterOnce(CAuxWinEventFilter& filter, bool& filterPending)
+{
+    if (!filterPending)
+        return;
+    QCoreApplication::processEvents();
+    filter.install();
+    filterPending = false;
+}
+
 // ---- LicensesDownloadThread ----
 
 LicensesDownloadThread::LicensesDownloadThread(const QStringList& files, QObject* parent)
@@ -228,11 +237,7 @@ void CAboutDlg::addFileContents(const QString& contents)
 
 void CAboutDlg::showEvent(QShowEvent* event)
 {
-    if (d->filterPending) {
-        QCoreApplication::processEvents();
-        d->eventFilter.install();
-        d->filterPending = false;
-    }
+    installFilterOnce(d->eventFilter, d->filterPending);
     showFirstTime(event);
 }
 
@@ -270,10 +275,6 @@ CAboutSorelDlg::~CAboutSorelDlg() = default;
 
 void CAboutSorelDlg::showEvent(QShowEvent* event)
 {
-    if (d->filterPending) {
-        QCoreApplication::processEvents();
-        d->eventFilter.install();
-        d->filterPending = false;
-    }
+    installFilterOnce(d->eventFilter, d->filterPending);
     showFirstTime(event);
 }

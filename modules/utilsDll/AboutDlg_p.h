@@ -64,5 +64,9 @@ private:
     QStringList m_files;
 };
 
+// The about boxes' step on each show: the filter is installed on the first one only,
+// after the pending events have been handled.
+void installFilterOnce(CAuxWinEventFilter& filter, bool& filterPending);
+
 // The text of a licence file as simple HTML: each line followed by "<br>".
 QString readLicenceFile(QFile* file);

@@ -2,6 +2,7 @@
 
 #include "CVerticalLabel.h"
 #include "IconViewer.h"
+#include "ImageInk.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -33,16 +34,7 @@ QImage renderViewer(QWidget& widget)
     return image;
 }
 
-// The rectangle covered by pixels that are at least half opaque.
-QRect paintedRect(const QImage& image)
-{
-    QRect rect;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (qAlpha(image.pixel(x, y)) >= 128)
-                rect |= QRect(x, y, 1, 1);
-    return rect;
-}
+using UtilsDllTest::inkRect;
 
 class PaintCounter : public QWidget
 {
@@ -112,7 +104,7 @@ void TestIconViewer::imageRectangle()
     viewer.setMandatoryImageSize(mandatory);
     viewer.setExpandContent(expand);
     viewer.setAspectRatio(aspect);
-    QCOMPARE(paintedRect(renderViewer(viewer)), expected);
+    QCOMPARE(inkRect(renderViewer(viewer)), expected);
     const QSize hintImage = mandatory.isValid() ? mandatory : imageSize;
     QCOMPARE(viewer.sizeHint(), hintImage + QSize(200, 200));
 }
@@ -132,10 +124,10 @@ void TestIconViewer::scalableIconHasNoSize()
     viewer.setIcon(file);
     QVERIFY(!viewer.icon().isNull());
     QCOMPARE(viewer.sizeHint(), QSize(300, 300));
-    QVERIFY(paintedRect(renderViewer(viewer)).isNull());
+    QVERIFY(inkRect(renderViewer(viewer)).isNull());
 
     viewer.setMandatoryImageSize(QSize(34, 34));
-    QCOMPARE(paintedRect(renderViewer(viewer)), QRect(133, 133, 34, 34));
+    QCOMPARE(inkRect(renderViewer(viewer)), QRect(133, 133, 34, 34));
 
     viewer.setPixmap(QString("/no/such/file.png"));
     QVERIFY(viewer.pixmap().isNull());
@@ -147,15 +139,15 @@ void TestIconViewer::textNeedsAnImage()
     CIconViewer viewer;
     frameViewer(viewer);
     viewer.setText("Text");
-    QVERIFY(paintedRect(renderViewer(viewer)).isNull());
+    QVERIFY(inkRect(renderViewer(viewer)).isNull());
 
     QPalette palette = viewer.palette();
     palette.setColor(QPalette::Text, Qt::blue);
     viewer.setPalette(palette);
     viewer.setPixmap(solidPixmap(QSize(100, 100), QColor(255, 0, 0, 0)));
     const QImage image = renderViewer(viewer);
-    QVERIFY(!paintedRect(image).isNull());
-    QVERIFY(QRect(100, 100, 100, 100).contains(paintedRect(image)));
+    QVERIFY(!inkRect(image).isNull());
+    QVERIFY(QRect(100, 100, 100, 100).contains(inkRect(image)));
 }
 
 void TestIconViewer::disabledPixmapIsGreyed()
@@ -221,7 +213,7 @@ void TestIconViewer::verticalLabelSwapsHints()
     QImage image(vertical.size(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     vertical.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
-    const QRect ink = paintedRect(image);
+    const QRect ink = inkRect(image);
     QVERIFY(!ink.isNull());
     QVERIFY2(ink.height() > ink.width(), "text is not vertical");
     QVERIFY(ink.bottom() >= 190);

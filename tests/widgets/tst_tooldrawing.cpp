@@ -2,6 +2,7 @@
 #include "TestLogger.h"
 
 #include "ToolDrawing.h"
+#include "ImageInk.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -34,15 +35,7 @@ QImage line(const QPointF& a, const QPointF& b, bool stretch = false, const QRec
     return drawn([&](QPainter& painter) { drawToolLine(a, b, tile(), stretch, &painter, clip); });
 }
 
-QRect inkOf(const QImage& image)
-{
-    QRect rect;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (qAlpha(image.pixel(x, y)) >= 128)
-                rect |= QRect(x, y, 1, 1);
-    return rect;
-}
+using UtilsDllTest::inkRect;
 
 QList<int> blueColumnsOnRow(const QImage& image, int y)
 {
@@ -73,15 +66,15 @@ void TestToolDrawing::tilesRepeatAndOvershoot()
 {
     const QImage image = line(QPointF(5, 20), QPointF(40, 20));
     // Length 35: tiles at 0, 10, 20, 30, the last running 5 pixels past the end.
-    QCOMPARE(inkOf(image), QRect(5, 20, 40, 4));
+    QCOMPARE(inkRect(image), QRect(5, 20, 40, 4));
     QCOMPARE(blueColumnsOnRow(image, 21), (QList<int>{5, 15, 25, 35}));
     // Vertical lines run upward, and are not shifted either.
-    QCOMPARE(inkOf(line(QPointF(30, 80), QPointF(30, 50))), QRect(30, 40, 4, 40));
+    QCOMPARE(inkRect(line(QPointF(30, 80), QPointF(30, 50))), QRect(30, 40, 4, 40));
 
     QImage untouched = drawn([](QPainter& painter) {
         drawToolLine(QPointF(0, 0), QPointF(50, 0), QPixmap(), false, &painter, QRectF());
     });
-    QVERIFY(inkOf(untouched).isNull());
+    QVERIFY(inkRect(untouched).isNull());
     drawToolLine(QPointF(0, 0), QPointF(50, 0), tile(), false, nullptr, QRectF());
 }
 
@@ -107,7 +100,7 @@ void TestToolDrawing::clipping()
     QFETCH(QLineF, segment);
     QFETCH(QRectF, clip);
     QFETCH(QRect, ink);
-    QCOMPARE(inkOf(line(segment.p1(), segment.p2(), false, clip)), ink);
+    QCOMPARE(inkRect(line(segment.p1(), segment.p2(), false, clip)), ink);
 }
 
 void TestToolDrawing::swapsLinesPointingBackwards_data()
@@ -136,7 +129,7 @@ void TestToolDrawing::swapsLinesPointingBackwards()
     // A swapped line is drawn from its other end: exactly as the reversed line.
     const QImage forward = line(segment.p1(), segment.p2());
     const QImage reversed = line(segment.p2(), segment.p1());
-    QVERIFY(!inkOf(forward).isNull());
+    QVERIFY(!inkRect(forward).isNull());
     QCOMPARE(forward == reversed, swapped);
 }
 
@@ -144,7 +137,7 @@ void TestToolDrawing::slantedLinesMoveUp()
 {
     // At 45 degrees both ends go up by 2 (half the tile): the tile's lower edge,
     // which starts at the first point unshifted, starts 2 pixels higher.
-    const QRect slanted = inkOf(line(QPointF(10, 60), QPointF(40, 30)));
+    const QRect slanted = inkRect(line(QPointF(10, 60), QPointF(40, 30)));
     QVERIFY(!slanted.isNull());
     QVERIFY2(slanted.bottom() <= 61 && slanted.bottom() >= 59, qPrintable(QString::number(slanted.bottom())));
     QCOMPARE(slanted.left(), 10);
@@ -152,7 +145,7 @@ void TestToolDrawing::slantedLinesMoveUp()
 
 void TestToolDrawing::stretchAndPainterState()
 {
-    QCOMPARE(inkOf(line(QPointF(10, 20), QPointF(60, 20), true)), QRect(10, 20, 50, 4));
+    QCOMPARE(inkRect(line(QPointF(10, 20), QPointF(60, 20), true)), QRect(10, 20, 50, 4));
 
     QImage image(10, 10, QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&image);
@@ -185,12 +178,12 @@ void TestToolDrawing::cursorsAndIcons()
     const QImage kept = drawn([&](QPainter& painter) {
         paintIcon(&painter, squareIcon, QRect(0, 0, 100, 20), Qt::KeepAspectRatio, QIcon::Normal, QIcon::Off);
     });
-    QCOMPARE(inkOf(kept), QRect(40, 0, 20, 20));
+    QCOMPARE(inkRect(kept), QRect(40, 0, 20, 20));
     const QImage ignored = drawn([&](QPainter& painter) {
         paintIcon(&painter, squareIcon, QRect(0, 0, 100, 20), Qt::IgnoreAspectRatio, QIcon::Normal, QIcon::Off);
     });
-    QVERIFY(!inkOf(ignored).isNull());
-    QVERIFY(QRect(0, 0, 100, 20).contains(inkOf(ignored)));
+    QVERIFY(!inkRect(ignored).isNull());
+    QVERIFY(QRect(0, 0, 100, 20).contains(inkRect(ignored)));
 }
 
 UTILSDLL_TEST_MAIN_WITH(TestToolDrawing, QApplication)
