@@ -1,6 +1,7 @@
 // utilsdll-showcase: starts the library the way an embedding executable does and
 // shows what it sees.
 
+#include "DialogPictures.h"
 #include "ShowcaseReport.h"
 
 #include "LoggerBootstrap.h"
@@ -8,14 +9,42 @@
 #include "TemporarySettings.h"
 #include "storageLocation.h"
 
+#include <QApplication>
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QTextStream>
 
 #include <memory>
 
+namespace {
+
+// "--render-dialogs <folder>": pictures of every dialog instead of the report. The
+// mode needs a GUI application, so it is told apart before the application exists.
+int renderDialogsMode(int argc, char* argv[])
+{
+    for (int i = 1; i + 1 < argc; ++i) {
+        if (QByteArray(argv[i]) != "--render-dialogs")
+            continue;
+        QApplication app(argc, argv);
+        // Not dressed yet: the product's style sheets and fonts are applied here by
+        // the application bootstrap helpers once the embedded assets are in the tree.
+        const QStringList written = renderDialogPictures(QString::fromLocal8Bit(argv[i + 1]));
+        QTextStream out(stdout);
+        for (const QString& file : written)
+            out << file << '\n';
+        return written.isEmpty() ? 1 : 0;
+    }
+    return -1;
+}
+
+} // namespace
+
 int main(int argc, char* argv[])
 {
+    const int rendered = renderDialogsMode(argc, argv);
+    if (rendered >= 0)
+        return rendered;
+
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName("utilsdll-showcase");
 

@@ -1,0 +1,280 @@
+#include "AboutDlg.h"
+
+#include "AboutDlg_p.h"
+#include "Log.h"
+#include "SharedConstants.h"
+#include "platform/ActivationMessages.h"
+#include "ui_AboutDlg.h"
+#include "ui_AboutSorelDlg.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QScrollBar>
+#include <QShowEvent>
+#include <QTextStream>
+
+namespace {
+
+const QString s_separator = "<br>******************************************************<br>";
+const QString s_licencesFolder = "Licenses";
+const int s_versionNumbers[] = {3, 2, 0};
+const int s_buildNumber = 254;
+const QString s_homePage = "https://www.vexalabs.example/";
+const QString s_homePageQuery = "?utm_source=Rectivo3&utm_medium=software&utm_content=empty";
+const QString s_copyright = QStringLiteral("\u00A9 2012-2024 Vexa Labs. All rights reserved.");
+
+QString versionNumbers()
+{
+    QStringList parts;
+    for (int number : s_versionNumbers)
+        parts << QString::number(number);
+    return parts.join('.');
+}
+
+QString licencesFolder()
+{
+    return QCoreApplication::applicationDirPath() + QDir::separator() + s_licencesFolder;
+}
+
+QString readLicenceAt(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return QString();
+    return readLicenceFile(&file);
+}
+
+} // namespace
+
+QString readLicenceFile(QFile* file)
+{
+    ASSERT(file);
+    QString html;
+    if (!file)
+        return html;
+    QTextStream stream(file);
+    while (!stream.atEnd())
+        html += stream.readLine() + "<br>";
+    return html;
+}
+
+// ---- CAuxWinEventFilter ----
+
+CAuxWinEventFilter::~CAuxWinEventFilter()
+{
+    // The watcher refers to this filter: it must not outlive it, even while the dialog lives on.
+    delete m_watcher;
+    if (QCoreApplication::instance())
+        QCoreApplication::instance()->removeNativeEventFilter(this);
+}
+
+void CAuxWinEventFilter::setDialog(QWidget* dialog)
+{
+    m_dialog = dialog;
+}
+
+void CAuxWinEventFilter::install()
+{
+    QCoreApplication::instance()->installNativeEventFilter(this);
+    if (!VexaPlatform::deliversNativeActivationMessages() && m_dialog && !m_watcher) {
+        m_watcher = new ActivationChangeWatcher(*this, m_dialog);
+        m_dialog->installEventFilter(m_watcher);
+    }
+}
+
+bool CAuxWinEventFilter::nativeEventFilter(const QByteArray& eventType, void* message, long*)
+{
+    if (!m_dialog || !m_dialog->isVisible())
+        return false;
+    const std::uintptr_t window = VexaPlatform::activationMessageWindow(eventType.constData(), message);
+    if (window == 0 || window != std::uintptr_t(m_dialog->winId()))
+        return false;
+    noteActivationChange();
+    return false; // the message always goes on
+}
+
+void CAuxWinEventFilter::noteActivationChange()
+{
+    if (m_activationSeen)
+        m_dialog->close();
+    else
+        m_activationSeen = true;
+}
+
+CAuxWinEventFilter::ActivationChangeWatcher::ActivationChangeWatcher(CAuxWinEventFilter& filter, QObject* parent)
+    : QObject(parent)
+    , m_filter(filter)
+{
+}
+
+bool CAuxWinEventFilter::ActivationChangeWatcher::eventFilter(QObject* watched, QEvent* event)
+{
+    QWidget* dialog = m_filter.m_dialog;
+    if (event->type() == QEvent::ActivationChange && watched == dialog && dialog->isVisible()) {
+        // The toolkit tells which way the change went: being active is the first
+        // message, losing it after that the second.
+        if (dialog->isActiveWindow())
+            m_filter.m_activationSeen = true;
+        else if (m_filter.m_activationSeen) // queued: the dialog's close is refused while
+                                            // its activation change is being delivered
+            QMetaObject::invokeMethod(dialog, "close", Qt::QueuedConnection);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void installFilterOnce(CAuxWinEventFilter& filter, bool& filterPending)
+{
+    if (!filterPending)
+        return;
+    QCoreApplication::processEvents();
+    filter.install();
+    filterPending = false;
+}
+
+// ---- LicensesDownloadThread ----
+
+LicensesDownloadThread::LicensesDownloadThread(const QStringList& files, QObject* parent)
+    : QThread(parent)
+    , m_files(files)
+{
+}
+
+void LicensesDownloadThread::run()
+{
+    for (int i = 0; i < m_files.size(); ++i) {
+        QFile file(m_files.at(i));
+        if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+            continue;
+        QString text = readLicenceFile(&file);
+        if (i != m_files.size() - 1)
+            text += s_separator;
+        emit fileRead(text);
+    }
+}
+
+// ---- CAboutDlg ----
+
+struct CAboutDlg::Private
+{
+    Ui::aboutDlg ui;
+    CAuxWinEventFilter eventFilter;
+    bool filterPending = true;
+};
+
+CAboutDlg::CAboutDlg(QWidget* parent, Qt::WindowFlags flags)
+    : CBaseDialog(parent, flags)
+    , d(std::make_unique<Private>())
+{
+    d->eventFilter.setDialog(this);
+    setAttribute(Qt::WA_DeleteOnClose);
+    d->ui.setupUi(this);
+    d->ui.scrollArea->verticalScrollBar()->setContextMenuPolicy(Qt::NoContextMenu);
+
+    // The first two licences are read at once, so the first screen never waits for more.
+    QString licences;
+    const QDir folder(licencesFolder());
+    if (folder.exists()) {
+        QStringList paths;
+        for (const QString& entry : folder.entryList(QStringList{"*.txt"}, QDir::NoFilter, QDir::NoSort))
+            paths << folder.absolutePath() + QDir::separator() + entry;
+        QStringList texts;
+        for (int i = 0; i < 2 && !paths.isEmpty(); ++i) {
+            const QString text = readLicenceAt(paths.takeFirst());
+            if (!text.isEmpty())
+                texts << text;
+        }
+        licences = texts.join(s_separator + "<br>");
+        if (!paths.isEmpty()) {
+            auto* thread = new LicensesDownloadThread(paths, this);
+            connect(thread, &LicensesDownloadThread::fileRead, this, &CAboutDlg::addFileContents);
+            thread->start(QThread::InheritPriority);
+            licences += s_separator;
+        }
+    }
+
+    const QString version = tr("Version") + ' ' + versionNumbers() + " / " + tr("Build") + ' '
+                            + QString::number(s_buildNumber) + " / " + tr("64 bit");
+    d->ui.label->setPixmap(QPixmap(":/icons/aboutDialog_rectivo/line-left.png"));
+    d->ui.label_1->setText(Vexa::PRODUCT_NAME);
+    d->ui.label_2->setPixmap(QPixmap(":/icons/aboutDialog_rectivo/VEXA.png"));
+    d->ui.label_6->setPixmap(QPixmap(":/icons/aboutDialog_rectivo/RC.png"));
+    d->ui.aboutLabel->setText(version);
+    d->ui.lbVisitVexaHomePage->setText(
+        QString("<a href=\"%1%2\" style=\"color: #747474; text-decoration: underline;\">%3</a>")
+            .arg(s_homePage, s_homePageQuery, tr("Visit our home page")));
+    d->ui.lbVisitVexaPatentsPage->setText(d->ui.lbVisitVexaPatentsPage->text().arg("Vexa Rectivo") + licences);
+    d->ui.verticalLabel->setText(s_copyright);
+    setWindowTitle(windowTitle().arg(Vexa::PRODUCT_NAME));
+    d->ui.label_3->setStyleSheet(d->ui.label_3->styleSheet()
+                                 + "font-size: 20px; font-weight: bold; font-family: \"OpenSansLight\";");
+    d->ui.verticalLabel->setStyleSheet(d->ui.verticalLabel->styleSheet() + "font-family: \"OpenSansLight\";");
+}
+
+// The licence thread is a child and is not waited for: closing the box while it
+// still reads destroys a running thread. Kept as it is.
+CAboutDlg::~CAboutDlg() = default;
+
+void CAboutDlg::updateProductName(const QString& name)
+{
+    if (name.isEmpty())
+        return;
+    d->ui.label_1->setText(d->ui.label_1->text() + ' ' + name);
+}
+
+void CAboutDlg::addFileContents(const QString& contents)
+{
+    auto* label = new QLabel(this);
+    label->setObjectName("lbVisitVexaPatentsPage");
+    label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+    label->setMinimumSize(0, 0);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    label->setWordWrap(true);
+    label->setOpenExternalLinks(true);
+    label->setTextInteractionFlags(Qt::LinksAccessibleByMouse);
+    label->setText(contents);
+    d->ui.verticalLayout_21->addWidget(label);
+}
+
+void CAboutDlg::showEvent(QShowEvent* event)
+{
+    installFilterOnce(d->eventFilter, d->filterPending);
+    showFirstTime(event);
+}
+
+// ---- CAboutSorelDlg ----
+
+struct CAboutSorelDlg::Private
+{
+    Ui::aboutSorelDlg ui;
+    CAuxWinEventFilter eventFilter;
+    bool filterPending = true;
+};
+
+CAboutSorelDlg::CAboutSorelDlg(QWidget* parent, Qt::WindowFlags flags)
+    : CBaseDialog(parent, flags)
+    , d(std::make_unique<Private>())
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    d->eventFilter.setDialog(this);
+    d->ui.setupUi(this);
+    d->ui.label_product_name->setText(
+        QString("<p style=\"font-family: MavenProMedium; font-size: 37px; color: black;\">%1<sup>&reg;</sup></p>")
+            .arg(Vexa::PRODUCT_NAME));
+    d->ui.label_footer->setText(tr("Version") + ": " + versionNumbers() + '.' + QString::number(s_buildNumber)
+                                + " x64 (v0.0.0.0)");
+    const QString acknowledgements = QCoreApplication::applicationDirPath() + QDir::separator() + s_licencesFolder
+                                     + QDir::separator() + "acknowledgments.html";
+    d->ui.label_acknowledgements->setTextFormat(Qt::RichText);
+    d->ui.label_acknowledgements->setText("<a href=\"file:///" + acknowledgements
+                                          + "\" style=\"color: #e0a11a;\">Acknowledgments</a>");
+    d->ui.label_acknowledgements->setTextInteractionFlags(Qt::TextBrowserInteraction);
+    d->ui.label_acknowledgements->setOpenExternalLinks(true);
+}
+
+CAboutSorelDlg::~CAboutSorelDlg() = default;
+
+void CAboutSorelDlg::showEvent(QShowEvent* event)
+{
+    installFilterOnce(d->eventFilter, d->filterPending);
+    showFirstTime(event);
+}

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QAbstractNativeEventFilter>
+#include <QObject>
+#include <QPointer>
+#include <QStringList>
+#include <QThread>
+
+class QFile;
+class QWidget;
+
+// Closes a dialog when it loses activation after having had it: the first
+// activation message is the dialog becoming active, the second its losing it.
+class CAuxWinEventFilter : public QAbstractNativeEventFilter
+{
+public:
+    CAuxWinEventFilter() = default;
+    ~CAuxWinEventFilter() override;
+    CAuxWinEventFilter(const CAuxWinEventFilter&) = delete;
+    CAuxWinEventFilter& operator=(const CAuxWinEventFilter&) = delete;
+
+    void setDialog(QWidget* dialog);
+    // Installs the filter, and where the system sends no activation messages, the
+    // watcher of the dialog's activation changes.
+    void install();
+    bool nativeEventFilter(const QByteArray& eventType, void* message, long* result) override;
+    // One activation change of the dialog: the second one closes it.
+    void noteActivationChange();
+
+private:
+    class ActivationChangeWatcher;
+    friend class ActivationChangeWatcher;
+    QWidget* m_dialog = nullptr;
+    bool m_activationSeen = false;
+    QPointer<QObject> m_watcher; // a child of the dialog, removed with the filter
+};
+
+class CAuxWinEventFilter::ActivationChangeWatcher : public QObject
+{
+    Q_OBJECT
+public:
+    ActivationChangeWatcher(CAuxWinEventFilter& filter, QObject* parent);
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    CAuxWinEventFilter& m_filter;
+};
+
+// Reads the licence files beyond the first two on its own thread and hands each text
+// to the dialog. Despite its name, it reads local files only.
+class LicensesDownloadThread : public QThread
+{
+    Q_OBJECT
+public:
+    LicensesDownloadThread(const QStringList& files, QObject* parent);
+
+signals:
+    void fileRead(const QString& contents);
+
+protected:
+    void run() override;
+
+private:
+    QStringList m_files;
+};
+
+// The about boxes' step on each show: the filter is installed on the first one only,
+// after the pending events have been handled.
+void installFilterOnce(CAuxWinEventFilter& filter, bool& filterPending);
+
+// The text of a licence file as simple HTML: each line followed by "<br>".
+QString readLicenceFile(QFile* file);

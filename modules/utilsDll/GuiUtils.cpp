@@ -1,0 +1,159 @@
+#include "GuiUtils.h"
+
+#include "Log.h"
+#include "platform/ScreenMetrics.h"
+
+#include <QApplication>
+#include <QDesktopWidget>
+#include <QStyle>
+#include <QWidget>
+#include <QtMath>
+
+#include <cstdint>
+#include <cstdlib>
+
+#if defined(__SSE2__) || defined(_M_X64)
+#  include <emmintrin.h>
+#  define VEXA_COMPARE_WITH_SSE2 1
+#endif
+
+namespace VEXA_NAMESPACE {
+
+namespace {
+
+// Sum over 'pixels' 32-bit pixels of |a - b| for red, green and blue; alpha is left out.
+quint64 rowColourDistance(const quint32* a, const quint32* b, int pixels)
+{
+    quint64 sum = 0;
+    int i = 0;
+#ifdef VEXA_COMPARE_WITH_SSE2
+    const __m128i colourMask = _mm_set1_epi32(0x00FFFFFF);
+    __m128i total = _mm_setzero_si128();
+    for (; i + 4 <= pixels; i += 4) {
+        const __m128i va = _mm_and_si128(_mm_loadu_si128(reinterpret_cast<const __m128i*>(a + i)), colourMask);
+        const __m128i vb = _mm_and_si128(_mm_loadu_si128(reinterpret_cast<const __m128i*>(b + i)), colourMask);
+        total = _mm_add_epi64(total, _mm_sad_epu8(va, vb));
+    }
+    alignas(16) quint64 lanes[2];
+    _mm_store_si128(reinterpret_cast<__m128i*>(lanes), total);
+    sum = lanes[0] + lanes[1];
+#endif
+    for (; i < pixels; ++i) {
+        const quint32 pa = a[i];
+        const quint32 pb = b[i];
+        for (int shift = 0; shift <= 16; shift += 8)
+            sum += std::abs(int((pa >> shift) & 0xFF) - int((pb >> shift) & 0xFF));
+    }
+    return sum;
+}
+
+bool isValidRect(const QRect& rect)
+{
+    return rect.left() <= rect.right() && rect.top() <= rect.bottom();
+}
+
+} // namespace
+
+imgCmpResult compareImages(const QImage& first, const QImage& second, double& difference, double threshold)
+{
+    if (first.isNull() || second.isNull())
+        return ImgCmpInvalid;
+    if (first.size() != second.size())
+        return ImgCmpSizeDiffers;
+
+    const int width = first.width();
+    const int count = width * first.height() * 3;
+    for (int y = 0; y < first.height(); ++y) {
+        const auto* a = reinterpret_cast<const quint32*>(first.scanLine(y));
+        const auto* b = reinterpret_cast<const quint32*>(second.scanLine(y));
+        // The channel distances of a row are whole numbers: summed exactly, then
+        // divided by 255 once, instead of one division per channel.
+        difference += double(rowColourDistance(a, b, width)) / 255.0;
+        // Rescaled inside the row loop on purpose: callers' thresholds rely on it.
+        difference = difference * 100.0 / count;
+    }
+    difference = difference * 100.0 / count;
+    return threshold > difference ? ImgCmpSimilar : ImgCmpDifferent;
+}
+
+void setWidgetFullTransparency(QWidget* widget)
+{
+    if (!widget)
+        return;
+    QPalette palette = widget->palette();
+    for (QPalette::ColorRole role : {QPalette::Window, QPalette::Button, QPalette::Base, QPalette::Light,
+                                     QPalette::Midlight, QPalette::Dark, QPalette::Mid, QPalette::Shadow})
+        palette.setColor(role, Qt::transparent);
+    widget->setPalette(palette);
+}
+
+void moveWindowToScreenCenter(QWidget* window, QWidget* parent)
+{
+    if (!window || !window->isWindow()) {
+        ASSERT_X(false, "Bug!!!");
+        return;
+    }
+    const QDesktopWidget* desktop = QApplication::desktop();
+    if (!desktop) {
+        ASSERT_X(false, "desktop is unavailable");
+        return;
+    }
+    QRect screen;
+    // The whole screen geometry of the desktop widget, task bar included, on purpose.
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    if (!parent) {
+        screen = desktop->screenGeometry(-1);
+    } else {
+        screen = desktop->screenGeometry(parent);
+        ASSERT_X(isValidRect(screen), "wrong screen geometry of parent widget");
+    }
+    QT_WARNING_POP
+    if (!isValidRect(screen))
+        return;
+    const QRect frame = window->frameGeometry();
+    window->move(screen.left() + (screen.width() - frame.width()) / 2,
+                 screen.top() + (screen.height() - frame.height()) / 2);
+}
+
+void reapplyWidgetQss(QWidget& widget)
+{
+    QStyle* style = widget.style();
+    if (!style)
+        return;
+    style->unpolish(&widget);
+    style->polish(&widget);
+    widget.update();
+}
+
+double systemScalingFactor()
+{
+    // Read once: a later change of the display setting is not seen by this process.
+    static const float factor = float(VexaPlatform::logicalScreenDpiX()) / 96.0f;
+    return factor;
+}
+
+QList<QPointF> lineAndCircleIntersectionPoints(double x1, double y1, double x2, double y2, double cx, double cy,
+                                               double radius)
+{
+    const double dx = x2 - x1;
+    const double dy = y2 - y1;
+    const double length = std::sqrt(dx * dx + dy * dy);
+    if (qFuzzyIsNull(length))
+        return {};
+    const double ux = dx / length;
+    const double uy = dy / length;
+    const double t = (cx - x1) * ux + (cy - y1) * uy;
+    const QPointF foot(t * ux + x1, t * uy + y1);
+    const double distance = std::hypot(foot.x() - cx, foot.y() - cy);
+    if (radius > distance) {
+        const double half = std::sqrt(radius * radius - distance * distance);
+        const auto pointAt = [&](double s) { return QPointF(s * ux + x1, s * uy + y1); };
+        return {pointAt(t - half), pointAt(t + half)};
+    }
+    if (qFuzzyCompare(distance, radius))
+        return {foot};
+    return {};
+}
+
+} // namespace VEXA_NAMESPACE
