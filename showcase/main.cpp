@@ -4,7 +4,9 @@
 #include "DialogPictures.h"
 #include "ShowcaseReport.h"
 
+#include "AppBootstrap.h"
 #include "LoggerBootstrap.h"
+#include "customvexaappstyle.h"
 #include "Settings.h"
 #include "TemporarySettings.h"
 #include "storageLocation.h"
@@ -26,8 +28,11 @@ int renderDialogsMode(int argc, char* argv[])
         if (QByteArray(argv[i]) != "--render-dialogs")
             continue;
         QApplication app(argc, argv);
-        // Not dressed yet: the product's style sheets and fonts are applied here by
-        // the application bootstrap helpers once the embedded assets are in the tree.
+        // Dressed as the product dresses itself, so that the pictures show its look.
+        Vexa::setPredefinedAppStyleSheet(QString(), &app);
+        Vexa::loadFonts();
+        Vexa::loadAppLogoIcon();
+        QApplication::setStyle(new Vexa::CustomVexaAppStyle);
         const QStringList written = renderDialogPictures(QString::fromLocal8Bit(argv[i + 1]));
         QTextStream out(stdout);
         for (const QString& file : written)
