@@ -9,7 +9,12 @@
 namespace WinTest {
 
 // Wine exports this from its ntdll; Windows does not. Expectations that only Windows
-// can show are skipped under Wine with the reason written beside them.
+// can show are skipped under Wine with the reason written beside them. Where Wine
+// differs from Windows:
+// - a rename that only changes the case of a name succeeds but keeps the old name;
+// - every process can be opened, so passing over those of other users is not shown;
+// - the shell delete goes to the desktop's trash (or deletes), not to a recycle bin;
+// - a module name that fills the buffer is left unterminated: only lengths count.
 inline bool runningOnWine()
 {
     const HMODULE ntdll = GetModuleHandleW(L"ntdll.dll");

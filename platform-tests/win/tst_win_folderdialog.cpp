@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <vector>
 
 using namespace WinTest;
 
@@ -23,18 +24,19 @@ IFileDialogEvents* newHandler()
     return events;
 }
 
-// What the timer saw while the dialog was open.
+// What the timer did and saw while the dialog was open. Each step runs on a tick of
+// its own once the takeover is done, so a step runs only if the dialog is still open.
 struct DialogProbe
 {
-    std::function<void(DialogProbe&)> act; // runs once, when the takeover is done
-    bool acted = false;
+    std::vector<std::function<void(DialogProbe&)>> steps;
+    std::size_t stepsDone = 0;
     int ticks = 0;
+    std::wstring shownFolder;
     bool confirmedByKeyboard = false;
     bool confirmedByOtherMessages = false;
     bool confirmedWithoutFolder = false;
     HRESULT fileOkBefore = E_FAIL;
     HRESULT fileOkAfter = E_FAIL;
-    std::wstring shownFolder;
 };
 DialogProbe* s_probe = nullptr;
 
@@ -47,37 +49,56 @@ BOOL CALLBACK closeThreadWindow(HWND window, LPARAM)
 void CALLBACK onTimer(HWND, UINT, UINT_PTR, DWORD)
 {
     DialogProbe& probe = *s_probe;
-    if (probe.acted)
+    if (probe.stepsDone == probe.steps.size())
         return;
-    if (++probe.ticks > 100) { // no takeover after ten seconds: give up, close all
-        probe.acted = true;
+    if (++probe.ticks > 100) { // stuck for ten seconds: give up and close everything
+        probe.steps.resize(probe.stepsDone);
         EnumThreadWindows(GetCurrentThreadId(), closeThreadWindow, 0);
         return;
     }
     if (!s_originalButtonProc || !s_okButton || !s_dialogWindow)
         return;
-    probe.acted = true;
-    probe.shownFolder = s_currentFolder ? s_currentFolder : L"";
-    probe.act(probe);
+    if (probe.stepsDone == 0)
+        probe.shownFolder = s_currentFolder ? s_currentFolder : L"";
+    probe.steps[probe.stepsDone++](probe);
 }
 
 std::wstring runDialog(DialogProbe& probe, const std::wstring& folder)
 {
     s_probe = &probe;
+    const std::size_t planned = probe.steps.size();
     const UINT_PTR timer = SetTimer(nullptr, 0, 100, onTimer);
     const std::wstring answer = VexaPlatform::runSelectFolderDialog(0, L"Select Folder", L"Image Files",
                                                                      L"*.jpg;*.tif", L"Pick", folder);
     KillTimer(nullptr, timer);
     s_probe = nullptr;
+    EXPECT_EQ(probe.stepsDone, planned) << "the dialog closed early or never took over its button";
     return answer;
+}
+
+BOOL CALLBACK typeIntoEdit(HWND window, LPARAM text)
+{
+    wchar_t className[16] = {};
+    GetClassNameW(window, className, 16);
+    if (lstrcmpiW(className, L"Edit") != 0)
+        return TRUE;
+    SendMessageW(window, WM_SETTEXT, 0, text);
+    return FALSE;
+}
+
+// Return with a file named in the dialog: the dialog asks OnFileOk, which refuses.
+void pressReturnOnFile(DialogProbe& probe)
+{
+    IFileDialogEvents* handler = newHandler();
+    probe.fileOkBefore = handler->OnFileOk(nullptr);
+    handler->Release();
+    EnumChildWindows(s_dialogWindow, typeIntoEdit, reinterpret_cast<LPARAM>(L"photo.jpg"));
+    SendMessageW(s_dialogWindow, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), reinterpret_cast<LPARAM>(s_okButton));
 }
 
 // Every way of pressing OK but the mouse release over it, then the release.
 void pressOkInEveryWay(DialogProbe& probe)
 {
-    IFileDialogEvents* handler = newHandler();
-    probe.fileOkBefore = handler->OnFileOk(nullptr);
-
     SendMessageW(s_okButton, WM_KEYDOWN, VK_SPACE, 0);
     SendMessageW(s_okButton, WM_KEYUP, VK_SPACE, 0);
     probe.confirmedByKeyboard = s_confirmed;
@@ -96,6 +117,7 @@ void pressOkInEveryWay(DialogProbe& probe)
     s_currentFolder = shown;
 
     SendMessageW(s_okButton, WM_LBUTTONUP, 0, MAKELPARAM(2, 2)); // confirms and closes
+    IFileDialogEvents* handler = newHandler();
     probe.fileOkAfter = handler->OnFileOk(nullptr);
     handler->Release();
 }
@@ -136,18 +158,18 @@ TEST(FolderDialogHandler, FileOkRefusesUntilConfirmed)
 TEST(FolderDialog, OnlyTheMouseReleaseOverOkConfirms)
 {
     TemporaryFolder folder;
+    ASSERT_TRUE(writeFile(folder.filePath(L"photo.jpg"), "jpeg"));
     DialogProbe probe;
-    probe.act = pressOkInEveryWay;
+    probe.steps = {pressReturnOnFile, pressOkInEveryWay};
     const std::wstring answer = runDialog(probe, folder.path());
 
-    ASSERT_TRUE(probe.acted);
-    ASSERT_LE(probe.ticks, 100) << "the dialog never reported its folder";
     EXPECT_TRUE(sameTextIgnoringCase(probe.shownFolder, folder.path()));
     EXPECT_EQ(probe.fileOkBefore, S_FALSE);
     EXPECT_FALSE(probe.confirmedByKeyboard);
     EXPECT_FALSE(probe.confirmedByOtherMessages);
     EXPECT_FALSE(probe.confirmedWithoutFolder);
     EXPECT_EQ(probe.fileOkAfter, S_OK);
+    // The folder shown, not the file named.
     EXPECT_TRUE(sameTextIgnoringCase(answer, folder.path()));
     // Back to idle for the next dialog.
     EXPECT_FALSE(s_confirmed);
@@ -159,9 +181,7 @@ TEST(FolderDialog, ClosingWithoutConfirmingAnswersNothing)
 {
     TemporaryFolder folder;
     DialogProbe probe;
-    probe.act = [](DialogProbe&) { SendMessageW(s_dialogWindow, WM_CLOSE, 0, 0); };
+    probe.steps = {[](DialogProbe&) { SendMessageW(s_dialogWindow, WM_CLOSE, 0, 0); }};
     EXPECT_EQ(runDialog(probe, folder.path()), L"");
-    EXPECT_TRUE(probe.acted);
-    EXPECT_LE(probe.ticks, 100);
     EXPECT_TRUE(sameTextIgnoringCase(probe.shownFolder, folder.path()));
 }
