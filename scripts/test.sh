@@ -24,3 +24,6 @@ LD_LIBRARY_PATH="$stage/lib" QT_QPA_PLATFORM=offscreen "$build/consumer/utilsdll
 echo "consumer: built and ran against the installed package"
 
 (cd "$build" && ctest --output-on-failure -j "$jobs")
+
+# The Windows side of the platform seam: cross-built with mingw-w64, run under Wine.
+bash "$root/scripts/wine-tests.sh" "${UTILSDLL_WIN_BUILD_DIR:-$build-win}"

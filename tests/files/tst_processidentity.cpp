@@ -1,6 +1,7 @@
 #include "ProcessIdentity.h"
 #include "TestEnvironment.h"
 
+#include "PeSamples.h"
 #include "PeVersionReader.h"
 #include "platform/ProcessIdentity.h"
 
@@ -163,23 +164,22 @@ void TestProcessIdentity::readsVersionFromPeSamples_data()
 {
     QTest::addColumn<QString>("file");
     QTest::addColumn<bool>("found");
-    QTest::newRow("with version") << sample("versioned.exe") << true;
-    QTest::newRow("without version") << sample("unversioned.exe") << false;
-    QTest::newRow("version under another name") << sample("othername.exe") << false;
-    QTest::newRow("missing file") << sample("missing.exe") << false;
+    QTest::addColumn<quint32>("fileVersionMS");
+    QTest::addColumn<quint32>("fileVersionLS");
+    for (const PeSamples::Sample& s : PeSamples::kSamples)
+        QTest::newRow(s.file) << sample(s.file) << s.found << s.fileVersionMS << s.fileVersionLS;
 }
 
 void TestProcessIdentity::readsVersionFromPeSamples()
 {
     QFETCH(QString, file);
     QFETCH(bool, found);
+    QFETCH(quint32, fileVersionMS);
+    QFETCH(quint32, fileVersionLS);
     const FixedFileVersion version = executableFileVersion(file.toStdWString());
     QCOMPARE(version.found, found);
-    if (found) {
-        // FILEVERSION 3,2,17,254: the file version, not the product version 9,8,7,6.
-        QCOMPARE(version.fileVersionMS, (3u << 16) | 2u);
-        QCOMPARE(version.fileVersionLS, (17u << 16) | 254u);
-    }
+    QCOMPARE(version.fileVersionMS, fileVersionMS);
+    QCOMPARE(version.fileVersionLS, fileVersionLS);
 }
 
 void TestProcessIdentity::readsPe32Image()

@@ -4,6 +4,7 @@
 #include <psapi.h>
 
 #include <cstring>
+#include <cwchar>
 
 namespace VexaPlatform {
 
@@ -13,14 +14,22 @@ constexpr DWORD kMaxProcesses = 1024;
 constexpr DWORD kProcessAccess = PROCESS_QUERY_INFORMATION | PROCESS_VM_READ; // 0x410
 constexpr WORD kVersionResourceName = 1;
 
+// A name that fills the buffer is cut and terminated by Windows but left unterminated
+// by Wine: the text ends at the returned length or at the first zero, if sooner.
+std::wstring textOf(const wchar_t* buffer, DWORD length)
+{
+    return std::wstring(buffer, wcsnlen(buffer, length));
+}
+
 std::wstring firstModuleBaseName(HANDLE process)
 {
     wchar_t name[MAX_PATH] = {};
     HMODULE module = nullptr;
     DWORD needed = 0;
+    DWORD length = 0;
     if (EnumProcessModules(process, &module, sizeof(module), &needed))
-        GetModuleBaseNameW(process, module, name, MAX_PATH);
-    return std::wstring(name);
+        length = GetModuleBaseNameW(process, module, name, MAX_PATH);
+    return textOf(name, length);
 }
 
 } // namespace
@@ -28,8 +37,8 @@ std::wstring firstModuleBaseName(HANDLE process)
 std::wstring currentProcessBaseName()
 {
     wchar_t name[MAX_PATH] = {};
-    GetModuleBaseNameW(GetCurrentProcess(), nullptr, name, MAX_PATH);
-    return std::wstring(name);
+    const DWORD length = GetModuleBaseNameW(GetCurrentProcess(), nullptr, name, MAX_PATH);
+    return textOf(name, length);
 }
 
 std::wstring processImagePath(const std::function<bool(const std::wstring& baseName)>& matches)
@@ -54,7 +63,7 @@ std::wstring processImagePath(const std::function<bool(const std::wstring& baseN
         wchar_t path[MAX_PATH] = {};
         const DWORD length = GetModuleFileNameExW(process, nullptr, path, MAX_PATH);
         CloseHandle(process);
-        return length ? std::wstring(path) : std::wstring();
+        return textOf(path, length);
     }
     return std::wstring();
 }

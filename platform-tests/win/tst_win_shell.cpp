@@ -1,0 +1,156 @@
+// Known folders, the shell delete, the rename, the loaded module's file name and the
+// window menu, through the real Win32 calls of the seam.
+
+#include "WinTestSupport.h"
+
+#include "platform/FileManagement.h"
+#include "platform/KnownFolders.h"
+#include "platform/ModuleFile.h"
+#include "platform/WindowMenu.h"
+
+#include <gtest/gtest.h>
+
+using namespace VexaPlatform;
+using namespace WinTest;
+
+TEST(KnownFolders, SubPathsRestOnTheSystemFolders)
+{
+    // The environment of every Windows process (and of Wine's) names the two folders
+    // independently of the shell call.
+    const struct
+    {
+        KnownFolder folder;
+        const wchar_t* variable;
+    } cases[] = {{KnownFolder::LocalAppData, L"LOCALAPPDATA"}, {KnownFolder::ProgramData, L"ProgramData"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << "folder " << int(c.folder));
+        const std::wstring base = environment(c.variable);
+        ASSERT_FALSE(base.empty());
+        const std::wstring path = knownFolderSubPath(c.folder, L"VexaLabs", L"Rectivo 3");
+        EXPECT_TRUE(sameTextIgnoringCase(path, base + L"\\VexaLabs\\Rectivo 3")) << std::string(path.begin(), path.end());
+        EXPECT_TRUE(isFolder(base));
+        EXPECT_EQ(path.find(L'/'), std::wstring::npos);
+    }
+    EXPECT_NE(knownFolderSubPath(KnownFolder::LocalAppData, L"a", L"b"),
+              knownFolderSubPath(KnownFolder::ProgramData, L"a", L"b"));
+}
+
+TEST(KnownFolders, CommonPicturesIsThePublicOneAndExists)
+{
+    const std::wstring pictures = commonPicturesFolder();
+    ASSERT_FALSE(pictures.empty());
+    EXPECT_TRUE(isFolder(pictures));
+    const std::wstring publicFolder = environment(L"PUBLIC");
+    ASSERT_FALSE(publicFolder.empty());
+    EXPECT_TRUE(sameTextIgnoringCase(pictures.substr(0, publicFolder.size()), publicFolder));
+
+    // The folder is made when missing. Windows' own public pictures folder is never
+    // empty (desktop.ini) and not the test's to remove: this part needs Wine's prefix.
+    if (!runningOnWine())
+        return;
+    ASSERT_TRUE(RemoveDirectoryW(pictures.c_str()));
+    EXPECT_EQ(commonPicturesFolder(), pictures);
+    EXPECT_TRUE(isFolder(pictures));
+}
+
+TEST(ShellDelete, RemovesFilesAndFoldersWithNonAsciiNames)
+{
+    TemporaryFolder folder;
+    const std::wstring file = folder.filePath(L"Bild \u00e4\u00f6\u00fc \u65e5\u672c \u0416.jpg");
+    ASSERT_TRUE(writeFile(file, "jpeg"));
+    const std::wstring subfolder = folder.filePath(L"R\u00e9sultats");
+    ASSERT_TRUE(CreateDirectoryW(subfolder.c_str(), nullptr));
+    ASSERT_TRUE(writeFile(subfolder + L"\\inside.txt", "x"));
+
+    EXPECT_TRUE(moveToTrash(file));
+    EXPECT_FALSE(exists(file));
+    EXPECT_TRUE(moveToTrash(subfolder));
+    EXPECT_FALSE(exists(subfolder));
+    // Windows' own: both now lie in the recycle bin. Wine hands them to the desktop's
+    // trash when it can and deletes them otherwise, so only their absence is checked.
+}
+
+TEST(ShellDelete, MissingFileFails)
+{
+    // The shell's non-zero answer is what the library folds into its error code 2.
+    TemporaryFolder folder;
+    EXPECT_FALSE(moveToTrash(folder.filePath(L"nicht da \u00df.jpg")));
+}
+
+TEST(Rename, MovesButNeverReplaces)
+{
+    TemporaryFolder folder;
+    const std::wstring source = folder.filePath(L"quelle \u00e9.txt");
+    const std::wstring taken = folder.filePath(L"ziel.txt");
+    ASSERT_TRUE(writeFile(source, "source"));
+    ASSERT_TRUE(writeFile(taken, "taken"));
+
+    EXPECT_FALSE(renameWithoutOverwrite(source, taken));
+    EXPECT_EQ(readFile(source), "source");
+    EXPECT_EQ(readFile(taken), "taken");
+
+    const std::wstring subfolder = folder.filePath(L"sub");
+    ASSERT_TRUE(CreateDirectoryW(subfolder.c_str(), nullptr));
+    const std::wstring moved = subfolder + L"\\neu \u65e5.txt";
+    EXPECT_TRUE(renameWithoutOverwrite(source, moved));
+    EXPECT_FALSE(exists(source));
+    EXPECT_EQ(readFile(moved), "source");
+    EXPECT_FALSE(renameWithoutOverwrite(folder.filePath(L"missing.txt"), folder.filePath(L"other.txt")));
+
+    EXPECT_TRUE(renameWithoutOverwrite(moved, source));
+    EXPECT_TRUE(RemoveDirectoryW(subfolder.c_str()));
+}
+
+TEST(Rename, CaseOnlyChangeTakesTheNewCase)
+{
+    if (runningOnWine())
+        GTEST_SKIP() << "Windows' own: Wine reports success but keeps the old name";
+    TemporaryFolder folder;
+    ASSERT_TRUE(writeFile(folder.filePath(L"lower.txt"), "x"));
+    EXPECT_TRUE(renameWithoutOverwrite(folder.filePath(L"lower.txt"), folder.filePath(L"LOWER.txt")));
+    WIN32_FIND_DATAW entry;
+    const HANDLE search = FindFirstFileW(folder.filePath(L"lower.txt").c_str(), &entry);
+    ASSERT_NE(search, INVALID_HANDLE_VALUE);
+    FindClose(search);
+    EXPECT_EQ(std::wstring(entry.cFileName), L"LOWER.txt");
+}
+
+TEST(ShellSelection, FolderThatCannotBeResolvedIsRefused)
+{
+    TemporaryFolder folder;
+    EXPECT_FALSE(showItemsInFileManager(folder.filePath(L"gone\\deeper"), {folder.filePath(L"gone\\deeper\\a.jpg")}));
+    // An existing folder with nothing to select opens no window at all.
+    EXPECT_TRUE(showItemsInFileManager(folder.path(), {}));
+}
+
+TEST(ModuleFile, LoadedModuleOrTheHostExecutable)
+{
+    std::wstring fileName;
+    ASSERT_TRUE(loadedModuleFileName(L"kernel32.dll", fileName));
+    EXPECT_TRUE(endsWithIgnoringCase(fileName, L"\\kernel32.dll"));
+    EXPECT_TRUE(exists(fileName));
+
+    ASSERT_TRUE(loadedModuleFileName(L"PhotoshopPlugin-connectorvrcv3.dll", fileName));
+    EXPECT_EQ(fileName, hostExecutable());
+    EXPECT_TRUE(endsWithIgnoringCase(fileName, L"\\tst_win_shell.exe"));
+    EXPECT_EQ(fileName.find(L'\0'), std::wstring::npos);
+}
+
+TEST(WindowMenu, CloseItemIsGreyedAndEnabledAgain)
+{
+    const HWND window = CreateWindowExW(0, L"STATIC", L"menu", WS_OVERLAPPEDWINDOW, 0, 0, 100, 100, nullptr,
+                                        nullptr, GetModuleHandleW(nullptr), nullptr);
+    ASSERT_NE(window, nullptr) << "hidden windows need Wine's null graphics driver without a display";
+    const auto closeState = [window] {
+        return GetMenuState(GetSystemMenu(window, FALSE), SC_CLOSE, MF_BYCOMMAND);
+    };
+    ASSERT_NE(closeState(), UINT(-1));
+
+    enableWindowCloseItem(reinterpret_cast<std::uintptr_t>(window), false);
+    EXPECT_TRUE(closeState() & MF_GRAYED);
+    enableWindowCloseItem(reinterpret_cast<std::uintptr_t>(window), true);
+    EXPECT_FALSE(closeState() & (MF_GRAYED | MF_DISABLED));
+    DestroyWindow(window);
+
+    enableWindowCloseItem(reinterpret_cast<std::uintptr_t>(window), false); // gone: ignored
+}
