@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds the whole tree and runs every test: an install with a consumer project built
-# against the installed package, then the CTest suite.
+# against the installed package, the CTest suite, then the Windows side of the
+# platform seam under Wine.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=${UTILSDLL_BUILD_DIR:-$root/build}
@@ -23,7 +24,12 @@ cmake --build "$build/consumer"
 LD_LIBRARY_PATH="$stage/lib" QT_QPA_PLATFORM=offscreen "$build/consumer/utilsdll-consumer"
 echo "consumer: built and ran against the installed package"
 
-(cd "$build" && ctest --output-on-failure -j "$jobs")
+summary="$build/test-summary.log"
+(cd "$build" && ctest --output-on-failure -j "$jobs") | tee "$summary"
 
 # The Windows side of the platform seam: cross-built with mingw-w64, run under Wine.
-bash "$root/scripts/wine-tests.sh" "${UTILSDLL_WIN_BUILD_DIR:-$build-win}"
+bash "$root/scripts/wine-tests.sh" "${UTILSDLL_WIN_BUILD_DIR:-$build-win}" | tee -a "$summary"
+
+# One closing line for both suites.
+awk '/tests passed, [0-9]+ tests failed out of [0-9]+/ { failed += $4; total += $NF }
+     END { printf "tests: %d passed, %d failed\n", total - failed, failed }' "$summary"
