@@ -32,4 +32,5 @@ bash "$root/scripts/wine-tests.sh" "${UTILSDLL_WIN_BUILD_DIR:-$build-win}" | tee
 
 # One closing line for both suites.
 awk '/tests passed, [0-9]+ tests failed out of [0-9]+/ { failed += $4; total += $NF }
-     END { printf "tests: %d passed, %d failed\n", total - failed, failed }' "$summary"
+     /^[[:space:]]+[0-9]+ - .*\(Skipped\)$/ { skipped += 1 }
+     END { printf "tests: %d passed, %d failed, %d skipped\n", total - failed - skipped, failed, skipped }' "$summary"
