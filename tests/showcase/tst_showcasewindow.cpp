@@ -1,0 +1,210 @@
+#include "TestEnvironment.h"
+
+#include "ShowcaseWindow.h"
+
+#include "HostWarningDlg.h"
+#include "LanguageManager.h"
+#include "MessageBox.h"
+#include "Settings.h"
+#include "storageLocation.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QFileDialog>
+#include <QImage>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+using namespace Vexa;
+
+class TestShowcaseWindow : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void eachDialogAnswers_data();
+    void eachDialogAnswers();
+    void switchesLanguageLive();
+    void switchesTemporaryStoreAndBack();
+    void savesItsPictures();
+
+private:
+    std::unique_ptr<ShowcaseWindow> m_window;
+};
+
+namespace {
+
+// Stands in for the user on the next modal dialog: clicks its child button 'button',
+// or closes the dialog when 'button' is empty. Records the dialog's class.
+void answerNextModal(const QString& button, QString* seenClass)
+{
+    auto* timer = new QTimer;
+    timer->setInterval(5);
+    QObject::connect(timer, &QTimer::timeout, [timer, button, seenClass]() {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (!dialog || !dialog->isVisible())
+            return;
+        timer->stop();
+        timer->deleteLater();
+        *seenClass = dialog->metaObject()->className();
+        if (button.isEmpty()) {
+            dialog->close();
+            return;
+        }
+        auto* target = dialog->findChild<QPushButton*>(button);
+        if (target)
+            QTest::mouseClick(target, Qt::LeftButton);
+        else
+            dialog->close(); // leaves the answer empty-handed: the test's comparison fails
+    });
+    timer->start();
+}
+
+QString backendInForce(const QString& report)
+{
+    for (const QString& line : report.split('\n')) {
+        if (line.trimmed().startsWith("backend in force:"))
+            return line.trimmed();
+    }
+    return QString();
+}
+
+int rowOfLanguage(const QString& abbreviation)
+{
+    QStandardItemModel* model = CLanguageManager::instance()->model();
+    for (int row = 0; row < model->rowCount(); ++row) {
+        if (model->index(row, 3).data().toString() == abbreviation)
+            return row;
+    }
+    return -1;
+}
+
+} // namespace
+
+void TestShowcaseWindow::initTestCase()
+{
+    CStorageLocation::setPreferencesFilePath(CStorageLocation::getDefaultPreferencesFilePath());
+    CLanguageManager::instance()->loadLanguageForApp();
+    dressLikeTheProduct(*qApp);
+    m_window = std::make_unique<ShowcaseWindow>();
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+}
+
+void TestShowcaseWindow::eachDialogAnswers_data()
+{
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QString>("dialogButton");
+    QTest::addColumn<QString>("dialogClass");
+    QTest::addColumn<QString>("answer");
+
+    QTest::newRow("information") << "information" << "mbSipleButton" << "CMessageBox" << "OK";
+    QTest::newRow("warning") << "warning" << "mbSipleButton" << "CMessageBox" << "OK";
+    QTest::newRow("critical") << "critical" << "mbSipleButton" << "CMessageBox" << "OK";
+    QTest::newRow("yes") << "yesNo" << "yesButton" << "CMessageBox" << "Yes";
+    QTest::newRow("no") << "yesNo" << "noButton" << "CMessageBox" << "No";
+    QTest::newRow("rotate") << "rotate" << "rotateButton" << "CMessageBox" << "Rotate";
+    QTest::newRow("rotate cancelled") << "rotate" << "cancelButton" << "CMessageBox" << "Cancel";
+    QTest::newRow("save") << "saveDiscardCancel" << "saveButton" << "CMessageBox" << "Save";
+    QTest::newRow("discard") << "saveDiscardCancel" << "discardButton" << "CMessageBox" << "Don't save";
+    QTest::newRow("cancel") << "saveDiscardCancel" << "cancelButton" << "CMessageBox" << "Cancel";
+    QTest::newRow("quit") << "backgroundProcessing" << "quitWithoutSavingButton" << "CMessageBox" << "Quit";
+    QTest::newRow("don't quit") << "backgroundProcessing" << "dontQuitButton" << "CMessageBox" << "Don't quit";
+    QTest::newRow("host quit") << "hostWarning" << "quitButton" << "CHostWarningDlg" << "Quit";
+    QTest::newRow("host try") << "hostWarning" << "tryButton" << "CHostWarningDlg" << "Continue";
+    QTest::newRow("about") << "about" << "" << "CAboutDlg" << "Closed";
+    QTest::newRow("about sorel") << "aboutSorel" << "" << "CAboutSorelDlg" << "Closed";
+    QTest::newRow("folder") << "folder" << "" << "QFileDialog" << "Cancelled";
+}
+
+void TestShowcaseWindow::eachDialogAnswers()
+{
+    QFETCH(QString, entry);
+    QFETCH(QString, dialogButton);
+    QFETCH(QString, dialogClass);
+    QFETCH(QString, answer);
+
+    auto* button = m_window->findChild<QPushButton*>(entry + "Button");
+    auto* label = m_window->findChild<QLabel*>(entry + "Answer");
+    QVERIFY(button && label);
+    label->clear();
+    QString seenClass;
+    answerNextModal(dialogButton, &seenClass);
+    QTest::mouseClick(button, Qt::LeftButton);
+    QCOMPARE(seenClass, dialogClass);
+    QCOMPARE(label->text(), answer);
+}
+
+void TestShowcaseWindow::switchesLanguageLive()
+{
+    const int german = rowOfLanguage("de");
+    const int english = rowOfLanguage("en");
+    QVERIFY(german >= 0 && english >= 0);
+    auto* combo = m_window->findChild<QComboBox*>("languageComboBox");
+    QCOMPARE(combo->count(), CLanguageManager::instance()->langCount());
+
+    combo->setCurrentIndex(german);
+    QCOMPARE(CLanguageManager::instance()->currentLanguageAbbrv(), QString("de"));
+    QVERIFY2(m_window->findChild<QLabel*>("languageLabel")->text().contains("(de)"), "the window was not retranslated");
+    // The library's own texts follow: the message box opened now speaks German.
+    QString yesText;
+    QTimer::singleShot(0, [&yesText] {
+        QTimer::singleShot(50, [&yesText] {
+            if (QWidget* dialog = QApplication::activeModalWidget()) {
+                yesText = dialog->findChild<QPushButton*>("yesButton")->text();
+                dialog->close();
+            }
+        });
+    });
+    QTest::mouseClick(m_window->findChild<QPushButton*>("yesNoButton"), Qt::LeftButton);
+    QCOMPARE(yesText, QString("Ja"));
+
+    combo->setCurrentIndex(english);
+    QCOMPARE(CLanguageManager::instance()->currentLanguageAbbrv(), QString("en"));
+    QVERIFY(m_window->findChild<QLabel*>("languageLabel")->text().contains("(en)"));
+}
+
+void TestShowcaseWindow::switchesTemporaryStoreAndBack()
+{
+    auto* store = m_window->findChild<QCheckBox*>("temporaryStoreCheckBox");
+    auto* report = m_window->findChild<QPlainTextEdit*>("startupReport");
+    QVERIFY(!CSettings().usingTemporarySettings());
+    QVERIFY(backendInForce(report->toPlainText()).endsWith("system store"));
+
+    store->setChecked(true);
+    QVERIFY(CSettings().usingTemporarySettings());
+    CSettings().setValue("showcase/probe", 42);
+    QVERIFY(backendInForce(report->toPlainText()).endsWith("temporary store"));
+
+    store->setChecked(false);
+    QVERIFY(!CSettings().usingTemporarySettings());
+    // What was written to the temporary store went with it.
+    QVERIFY(!CSettings().contains("showcase/probe"));
+    QVERIFY(backendInForce(report->toPlainText()).endsWith("system store"));
+}
+
+void TestShowcaseWindow::savesItsPictures()
+{
+    QTemporaryDir folder;
+    const QStringList written = m_window->saveScreenshots(folder.path());
+    QCOMPARE(written.size(), 1 + m_window->pages()->count());
+    QImage gallery(written.first());
+    QCOMPARE(gallery.size(), m_window->size() * m_window->devicePixelRatioF());
+    // The product's look is dark: most of the gallery is a dark background.
+    const QColor corner = gallery.pixelColor(gallery.width() - 3, gallery.height() - 3);
+    QVERIFY2(corner.lightness() < 100, qPrintable(corner.name()));
+    // Each page picture differs from the others.
+    QVERIFY(QImage(written.at(1)) != QImage(written.at(2)));
+}
+
+UTILSDLL_TEST_MAIN_WITH(TestShowcaseWindow, QApplication)
+
+#include "tst_showcasewindow.moc"
