@@ -1,6 +1,7 @@
 #include "ShowcaseWindow.h"
 
 #include "ShowcaseReport.h"
+#include "ToolsPage.h"
 
 #include "AboutDlg.h"
 #include "AppBootstrap.h"
@@ -88,6 +89,8 @@ ShowcaseWindow::ShowcaseWindow(CTemporarySettings* temporaryStore, QWidget* pare
     m_pages->setObjectName("pages");
     m_pages->addTab(createDialogsPage(), QString());
     m_pages->addTab(createStartupPage(), QString());
+    m_tools = new ToolsPage;
+    m_pages->addTab(m_tools, QString());
     layout->addWidget(m_pages, 1);
 
     resize(760, 560);
@@ -245,6 +248,8 @@ void ShowcaseWindow::retranslate()
     }
     m_pages->setTabText(0, tr("Dialogs"));
     m_pages->setTabText(1, tr("Start-up"));
+    m_pages->setTabText(2, tr("Drawing"));
+    m_tools->retranslate();
     for (const DialogEntry& entry : qAsConst(m_dialogs))
         entry.button->setText(tr(entry.title));
     m_temporarySwitch->setText(tr("Run on a temporary settings store"));

@@ -14,6 +14,7 @@ class QLabel;
 class QPlainTextEdit;
 class QPushButton;
 class QTabWidget;
+class ToolsPage;
 
 // The last steps of the product's start-up: its style sheets, fonts, logo icon and style.
 void dressLikeTheProduct(QApplication& app);
@@ -63,5 +64,6 @@ private:
     QWidget* m_dialogsPage = nullptr;
     QCheckBox* m_temporarySwitch = nullptr;
     QPlainTextEdit* m_report = nullptr;
+    ToolsPage* m_tools = nullptr;
     QPointer<CTemporarySettings> m_temporaryStore;
 };

@@ -14,6 +14,7 @@
 #include <QFileDialog>
 #include <QImage>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabWidget>
@@ -35,6 +36,7 @@ private slots:
     void switchesLanguageLive();
     void switchesTemporaryStoreAndBack();
     void savesItsPictures();
+    void drawingPage();
 
 private:
     std::unique_ptr<ShowcaseWindow> m_window;
@@ -203,6 +205,22 @@ void TestShowcaseWindow::savesItsPictures()
     QVERIFY2(corner.lightness() < 100, qPrintable(corner.name()));
     // Each page picture differs from the others.
     QVERIFY(QImage(written.at(1)) != QImage(written.at(2)));
+}
+
+void TestShowcaseWindow::drawingPage()
+{
+    for (int type = 0; type < 7; ++type) {
+        auto* cursor = m_window->findChild<QLabel*>(QStringLiteral("cursor%1").arg(type));
+        QVERIFY(cursor && !cursor->pixmap(Qt::ReturnByValue).isNull());
+    }
+
+    // Typing re-arms the debounced call: one showing after the pause, not one per key.
+    auto* field = m_window->findChild<QLineEdit*>("debouncedField");
+    auto* shown = m_window->findChild<QLabel*>("debouncedText");
+    QTest::keyClicks(field, "abc");
+    QCOMPARE(shown->text(), QString());
+    QTRY_VERIFY_WITH_TIMEOUT(!shown->text().isEmpty(), 5000);
+    QCOMPARE(shown->text(), QString("\"abc\" (shown 1 time(s))"));
 }
 
 UTILSDLL_TEST_MAIN_WITH(TestShowcaseWindow, QApplication)
