@@ -2,6 +2,7 @@
 
 #include "ShowcaseReport.h"
 #include "ToolsPage.h"
+#include "ArchivePage.h"
 
 #include "AboutDlg.h"
 #include "AppBootstrap.h"
@@ -91,6 +92,8 @@ ShowcaseWindow::ShowcaseWindow(CTemporarySettings* temporaryStore, QWidget* pare
     m_pages->addTab(createStartupPage(), QString());
     m_tools = new ToolsPage;
     m_pages->addTab(m_tools, QString());
+    m_archives = new ArchivePage;
+    m_pages->addTab(m_archives, QString());
     layout->addWidget(m_pages, 1);
 
     resize(760, 560);
@@ -250,6 +253,8 @@ void ShowcaseWindow::retranslate()
     m_pages->setTabText(1, tr("Start-up"));
     m_pages->setTabText(2, tr("Drawing"));
     m_tools->retranslate();
+    m_pages->setTabText(3, tr("Archives"));
+    m_archives->retranslate();
     for (const DialogEntry& entry : qAsConst(m_dialogs))
         entry.button->setText(tr(entry.title));
     m_temporarySwitch->setText(tr("Run on a temporary settings store"));

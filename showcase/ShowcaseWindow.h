@@ -15,6 +15,7 @@ class QPlainTextEdit;
 class QPushButton;
 class QTabWidget;
 class ToolsPage;
+class ArchivePage;
 
 // The last steps of the product's start-up: its style sheets, fonts, logo icon and style.
 void dressLikeTheProduct(QApplication& app);
@@ -65,5 +66,6 @@ private:
     QCheckBox* m_temporarySwitch = nullptr;
     QPlainTextEdit* m_report = nullptr;
     ToolsPage* m_tools = nullptr;
+    ArchivePage* m_archives = nullptr;
     QPointer<CTemporarySettings> m_temporaryStore;
 };

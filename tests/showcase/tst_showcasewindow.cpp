@@ -14,6 +14,8 @@
 #include <QFileDialog>
 #include <QImage>
 #include <QLabel>
+#include <QProgressBar>
+#include <QSpinBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -37,6 +39,7 @@ private slots:
     void switchesTemporaryStoreAndBack();
     void savesItsPictures();
     void drawingPage();
+    void compressesAndExtracts();
 
 private:
     std::unique_ptr<ShowcaseWindow> m_window;
@@ -221,6 +224,28 @@ void TestShowcaseWindow::drawingPage()
     QCOMPARE(shown->text(), QString());
     QTRY_VERIFY_WITH_TIMEOUT(!shown->text().isEmpty(), 5000);
     QCOMPARE(shown->text(), QString("\"abc\" (shown 1 time(s))"));
+}
+
+void TestShowcaseWindow::compressesAndExtracts()
+{
+    auto* count = m_window->findChild<QSpinBox*>("fileCountSpinBox");
+    auto* compress = m_window->findChild<QPushButton*>("compressButton");
+    auto* extract = m_window->findChild<QPushButton*>("extractButton");
+    auto* progress = m_window->findChild<QProgressBar*>("archiveProgress");
+    auto* status = m_window->findChild<QLabel*>("archiveStatus");
+    count->setValue(300);
+
+    QTest::mouseClick(compress, Qt::LeftButton);
+    QCOMPARE(progress->maximum(), 0); // busy while the helpers work
+    QVERIFY(!compress->isEnabled());
+    QTRY_VERIFY_WITH_TIMEOUT(compress->isEnabled(), 30000);
+    QVERIFY2(status->text().startsWith("300 files compressed"), qPrintable(status->text()));
+    QCOMPARE(progress->maximum(), 1);
+
+    QVERIFY(extract->isEnabled());
+    QTest::mouseClick(extract, Qt::LeftButton);
+    QTRY_VERIFY_WITH_TIMEOUT(extract->isEnabled() && status->text().contains("extracted"), 30000);
+    QVERIFY2(status->text().startsWith("300 files extracted"), qPrintable(status->text()));
 }
 
 UTILSDLL_TEST_MAIN_WITH(TestShowcaseWindow, QApplication)
