@@ -3,6 +3,7 @@
 #include "ShowcaseReport.h"
 #include "ToolsPage.h"
 #include "ArchivePage.h"
+#include "SoapPage.h"
 
 #include "AboutDlg.h"
 #include "AppBootstrap.h"
@@ -94,6 +95,8 @@ ShowcaseWindow::ShowcaseWindow(CTemporarySettings* temporaryStore, QWidget* pare
     m_pages->addTab(m_tools, QString());
     m_archives = new ArchivePage;
     m_pages->addTab(m_archives, QString());
+    m_soap = new SoapPage;
+    m_pages->addTab(m_soap, QString());
     layout->addWidget(m_pages, 1);
 
     resize(760, 560);
@@ -255,6 +258,8 @@ void ShowcaseWindow::retranslate()
     m_tools->retranslate();
     m_pages->setTabText(3, tr("Archives"));
     m_archives->retranslate();
+    m_pages->setTabText(4, tr("SOAP"));
+    m_soap->retranslate();
     for (const DialogEntry& entry : qAsConst(m_dialogs))
         entry.button->setText(tr(entry.title));
     m_temporarySwitch->setText(tr("Run on a temporary settings store"));

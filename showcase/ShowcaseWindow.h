@@ -16,6 +16,7 @@ class QPushButton;
 class QTabWidget;
 class ToolsPage;
 class ArchivePage;
+class SoapPage;
 
 // The last steps of the product's start-up: its style sheets, fonts, logo icon and style.
 void dressLikeTheProduct(QApplication& app);
@@ -67,5 +68,6 @@ private:
     QPlainTextEdit* m_report = nullptr;
     ToolsPage* m_tools = nullptr;
     ArchivePage* m_archives = nullptr;
+    SoapPage* m_soap = nullptr;
     QPointer<CTemporarySettings> m_temporaryStore;
 };

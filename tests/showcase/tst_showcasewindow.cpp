@@ -21,6 +21,8 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <QTest>
 #include <QTimer>
 
@@ -40,6 +42,7 @@ private slots:
     void savesItsPictures();
     void drawingPage();
     void compressesAndExtracts();
+    void soapCallShowsEnvelopesAndFault();
 
 private:
     std::unique_ptr<ShowcaseWindow> m_window;
@@ -246,6 +249,44 @@ void TestShowcaseWindow::compressesAndExtracts()
     QTest::mouseClick(extract, Qt::LeftButton);
     QTRY_VERIFY_WITH_TIMEOUT(extract->isEnabled() && status->text().contains("extracted"), 30000);
     QVERIFY2(status->text().startsWith("300 files extracted"), qPrintable(status->text()));
+}
+
+void TestShowcaseWindow::soapCallShowsEnvelopesAndFault()
+{
+    // A server that answers any request with a SOAP fault. (The transport reads no body
+    // from a 5xx answer, so the fault comes with 200.)
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    const QByteArray fault = "<?xml version=\"1.0\"?><soap:Envelope "
+                             "xmlns:soap=\"http://schemas.xmlsoap.org/soap/envelope/\"><soap:Body><soap:Fault>"
+                             "<faultcode>soap:Client</faultcode><faultstring>No such method</faultstring>"
+                             "</soap:Fault></soap:Body></soap:Envelope>";
+    QByteArray received;
+    connect(&server, &QTcpServer::newConnection, [&server, &received, fault] {
+        QTcpSocket* socket = server.nextPendingConnection();
+        connect(socket, &QTcpSocket::readyRead, [socket, &received, fault] {
+            received += socket->readAll();
+            if (!received.contains("Envelope>"))
+                return;
+            socket->write("HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\nContent-Length: " +
+                          QByteArray::number(fault.size()) + "\r\nConnection: close\r\n\r\n" + fault);
+            socket->disconnectFromHost();
+        });
+    });
+
+    m_window->findChild<QLineEdit*>("hostField")->setText("127.0.0.1");
+    m_window->findChild<QSpinBox*>("portSpinBox")->setValue(server.serverPort());
+    m_window->findChild<QLineEdit*>("methodField")->setText("greet");
+    m_window->findChild<QLineEdit*>("argumentsField")->setText("name=Vexa");
+    QTest::mouseClick(m_window->findChild<QPushButton*>("sendButton"), Qt::LeftButton);
+
+    const QString request = m_window->findChild<QPlainTextEdit*>("requestEnvelope")->toPlainText();
+    QVERIFY2(request.contains("greet") && request.contains("Vexa"), qPrintable(request));
+    auto* faultLabel = m_window->findChild<QLabel*>("faultLabel");
+    QTRY_VERIFY_WITH_TIMEOUT(faultLabel->text().startsWith("Fault"), 10000);
+    QCOMPARE(faultLabel->text(), QString("Fault: No such method"));
+    QVERIFY(m_window->findChild<QPlainTextEdit*>("responseEnvelope")->toPlainText().contains("No such method"));
+    QVERIFY(received.contains("greet"));
 }
 
 UTILSDLL_TEST_MAIN_WITH(TestShowcaseWindow, QApplication)
