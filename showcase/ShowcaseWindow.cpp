@@ -18,6 +18,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QDir>
 #include <QEvent>
 #include <QFontDatabase>
@@ -52,6 +53,15 @@ QString buttonName(QMessageBox::StandardButton button)
     default:
         return ShowcaseWindow::tr("button %1").arg(int(button));
     }
+}
+
+// The about boxes delete themselves once closed; one merely hidden goes too.
+void execAboutBox(QDialog* box)
+{
+    QPointer<QDialog> dialog = box;
+    dialog->exec();
+    if (dialog)
+        dialog->deleteLater();
 }
 
 } // namespace
@@ -156,19 +166,11 @@ QWidget* ShowcaseWindow::createDialogsPage()
         return dialog.hasUserChosenToQuit() ? tr("Quit") : tr("Continue");
     });
     addDialogEntry("about", QT_TR_NOOP("About"), [this] {
-        // The about boxes delete themselves once closed.
-        QPointer<CAboutDlg> dialog = new CAboutDlg(this);
-        dialog->exec();
-        if (dialog)
-            dialog->deleteLater();
+        execAboutBox(new CAboutDlg(this));
         return tr("Closed");
     });
     addDialogEntry("aboutSorel", QT_TR_NOOP("About Sorel"), [this] {
-        // The about boxes delete themselves once closed.
-        QPointer<CAboutSorelDlg> dialog = new CAboutSorelDlg(this);
-        dialog->exec();
-        if (dialog)
-            dialog->deleteLater();
+        execAboutBox(new CAboutSorelDlg(this));
         return tr("Closed");
     });
     addDialogEntry("folder", QT_TR_NOOP("Folder chooser"), [this] {

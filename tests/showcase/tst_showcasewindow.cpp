@@ -2,6 +2,8 @@
 
 #include "ShowcaseWindow.h"
 
+#include "DialogDriver.h"
+
 #include "HostWarningDlg.h"
 #include "LanguageManager.h"
 #include "MessageBox.h"
@@ -54,26 +56,14 @@ namespace {
 // or closes the dialog when 'button' is empty. Records the dialog's class.
 void answerNextModal(const QString& button, QString* seenClass)
 {
-    auto* timer = new QTimer;
-    timer->setInterval(5);
-    QObject::connect(timer, &QTimer::timeout, [timer, button, seenClass]() {
-        QWidget* dialog = QApplication::activeModalWidget();
-        if (!dialog || !dialog->isVisible())
-            return;
-        timer->stop();
-        timer->deleteLater();
+    UtilsDllTest::whenModalShown<QDialog>([button, seenClass](QDialog* dialog) {
         *seenClass = dialog->metaObject()->className();
-        if (button.isEmpty()) {
-            dialog->close();
-            return;
-        }
-        auto* target = dialog->findChild<QPushButton*>(button);
+        auto* target = button.isEmpty() ? nullptr : dialog->findChild<QPushButton*>(button);
         if (target)
             QTest::mouseClick(target, Qt::LeftButton);
         else
-            dialog->close(); // leaves the answer empty-handed: the test's comparison fails
+            dialog->close(); // a missing button leaves the answer wrong: the comparison fails
     });
-    timer->start();
 }
 
 QString backendInForce(const QString& report)
