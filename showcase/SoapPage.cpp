@@ -40,10 +40,10 @@ SoapPage::SoapPage(QWidget* parent)
     m_port->setObjectName("portSpinBox");
     m_port->setRange(0, 65535);
     m_port->setValue(8000);
-    m_form->addRow(QString(), m_port);
+    m_form->addRow(new QLabel, m_port);
     m_https = new QCheckBox;
     m_https->setObjectName("httpsCheckBox");
-    m_form->addRow(QString(), m_https);
+    m_form->addRow(new QLabel, m_https);
     m_path = addField("pathField", "/");
     m_action = addField("actionField", "say_hello");
     m_method = addField("methodField", "say_hello");
@@ -78,7 +78,7 @@ QLineEdit* SoapPage::addField(const char* name, const QString& value)
 {
     auto* field = new QLineEdit(value);
     field->setObjectName(name);
-    m_form->addRow(QString(), field);
+    m_form->addRow(new QLabel, field);
     return field;
 }
 

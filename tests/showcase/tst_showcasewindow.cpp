@@ -15,6 +15,7 @@
 #include <QDialog>
 #include <QFileDialog>
 #include <QImage>
+#include <QFormLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QSpinBox>
@@ -264,7 +265,12 @@ void TestShowcaseWindow::soapCallShowsEnvelopesAndFault()
         });
     });
 
-    m_window->findChild<QLineEdit*>("hostField")->setText("127.0.0.1");
+    auto* host = m_window->findChild<QLineEdit*>("hostField");
+    auto* form = qobject_cast<QFormLayout*>(host->parentWidget()->layout()->itemAt(0)->layout());
+    QVERIFY(form);
+    auto* hostLabel = qobject_cast<QLabel*>(form->labelForField(host));
+    QVERIFY(hostLabel && hostLabel->text() == "Host");
+    host->setText("127.0.0.1");
     m_window->findChild<QSpinBox*>("portSpinBox")->setValue(server.serverPort());
     m_window->findChild<QLineEdit*>("methodField")->setText("greet");
     m_window->findChild<QLineEdit*>("argumentsField")->setText("name=Vexa");
