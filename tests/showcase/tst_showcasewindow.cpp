@@ -1,0 +1,290 @@
+#include "TestEnvironment.h"
+
+#include "ShowcaseWindow.h"
+
+#include "DialogDriver.h"
+
+#include "HostWarningDlg.h"
+#include "LanguageManager.h"
+#include "MessageBox.h"
+#include "Settings.h"
+#include "storageLocation.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QFileDialog>
+#include <QImage>
+#include <QFormLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QSpinBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTest>
+#include <QTimer>
+
+#include <memory>
+
+using namespace Vexa;
+
+class TestShowcaseWindow : public QObject
+{
+    Q_OBJECT
+private slots:
+    void initTestCase();
+    void eachDialogAnswers_data();
+    void eachDialogAnswers();
+    void switchesLanguageLive();
+    void switchesTemporaryStoreAndBack();
+    void savesItsPictures();
+    void drawingPage();
+    void compressesAndExtracts();
+    void soapCallShowsEnvelopesAndFault();
+
+private:
+    std::unique_ptr<ShowcaseWindow> m_window;
+};
+
+namespace {
+
+// Stands in for the user on the next modal dialog: clicks its child button 'button',
+// or closes the dialog when 'button' is empty. Records the dialog's class.
+void answerNextModal(const QString& button, QString* seenClass)
+{
+    UtilsDllTest::whenModalShown<QDialog>([button, seenClass](QDialog* dialog) {
+        *seenClass = dialog->metaObject()->className();
+        auto* target = button.isEmpty() ? nullptr : dialog->findChild<QPushButton*>(button);
+        if (target)
+            QTest::mouseClick(target, Qt::LeftButton);
+        else
+            dialog->close(); // a missing button leaves the answer wrong: the comparison fails
+    });
+}
+
+QString backendInForce(const QString& report)
+{
+    for (const QString& line : report.split('\n')) {
+        if (line.trimmed().startsWith("backend in force:"))
+            return line.trimmed();
+    }
+    return QString();
+}
+
+int rowOfLanguage(const QString& abbreviation)
+{
+    QStandardItemModel* model = CLanguageManager::instance()->model();
+    for (int row = 0; row < model->rowCount(); ++row) {
+        if (model->index(row, 3).data().toString() == abbreviation)
+            return row;
+    }
+    return -1;
+}
+
+} // namespace
+
+void TestShowcaseWindow::initTestCase()
+{
+    CStorageLocation::setPreferencesFilePath(CStorageLocation::getDefaultPreferencesFilePath());
+    CLanguageManager::instance()->loadLanguageForApp();
+    dressLikeTheProduct(*qApp);
+    m_window = std::make_unique<ShowcaseWindow>();
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+}
+
+void TestShowcaseWindow::eachDialogAnswers_data()
+{
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QString>("dialogButton");
+    QTest::addColumn<QString>("dialogClass");
+    QTest::addColumn<QString>("answer");
+
+    QTest::newRow("information") << "information" << "mbSipleButton" << "CMessageBox" << "OK";
+    QTest::newRow("warning") << "warning" << "mbSipleButton" << "CMessageBox" << "OK";
+    QTest::newRow("critical") << "critical" << "mbSipleButton" << "CMessageBox" << "OK";
+    QTest::newRow("yes") << "yesNo" << "yesButton" << "CMessageBox" << "Yes";
+    QTest::newRow("no") << "yesNo" << "noButton" << "CMessageBox" << "No";
+    QTest::newRow("rotate") << "rotate" << "rotateButton" << "CMessageBox" << "Rotate";
+    QTest::newRow("rotate cancelled") << "rotate" << "cancelButton" << "CMessageBox" << "Cancel";
+    QTest::newRow("save") << "saveDiscardCancel" << "saveButton" << "CMessageBox" << "Save";
+    QTest::newRow("discard") << "saveDiscardCancel" << "discardButton" << "CMessageBox" << "Don't save";
+    QTest::newRow("cancel") << "saveDiscardCancel" << "cancelButton" << "CMessageBox" << "Cancel";
+    QTest::newRow("quit") << "backgroundProcessing" << "quitWithoutSavingButton" << "CMessageBox" << "Quit";
+    QTest::newRow("don't quit") << "backgroundProcessing" << "dontQuitButton" << "CMessageBox" << "Don't quit";
+    QTest::newRow("host quit") << "hostWarning" << "quitButton" << "CHostWarningDlg" << "Quit";
+    QTest::newRow("host try") << "hostWarning" << "tryButton" << "CHostWarningDlg" << "Continue";
+    QTest::newRow("about") << "about" << "" << "CAboutDlg" << "Closed";
+    QTest::newRow("about sorel") << "aboutSorel" << "" << "CAboutSorelDlg" << "Closed";
+    QTest::newRow("folder") << "folder" << "" << "QFileDialog" << "Cancelled";
+}
+
+void TestShowcaseWindow::eachDialogAnswers()
+{
+    QFETCH(QString, entry);
+    QFETCH(QString, dialogButton);
+    QFETCH(QString, dialogClass);
+    QFETCH(QString, answer);
+
+    auto* button = m_window->findChild<QPushButton*>(entry + "Button");
+    auto* label = m_window->findChild<QLabel*>(entry + "Answer");
+    QVERIFY(button && label);
+    label->clear();
+    QString seenClass;
+    answerNextModal(dialogButton, &seenClass);
+    QTest::mouseClick(button, Qt::LeftButton);
+    QCOMPARE(seenClass, dialogClass);
+    QCOMPARE(label->text(), answer);
+}
+
+void TestShowcaseWindow::switchesLanguageLive()
+{
+    const int german = rowOfLanguage("de");
+    const int english = rowOfLanguage("en");
+    QVERIFY(german >= 0 && english >= 0);
+    auto* combo = m_window->findChild<QComboBox*>("languageComboBox");
+    QCOMPARE(combo->count(), CLanguageManager::instance()->langCount());
+
+    combo->setCurrentIndex(german);
+    QCOMPARE(CLanguageManager::instance()->currentLanguageAbbrv(), QString("de"));
+    QVERIFY2(m_window->findChild<QLabel*>("languageLabel")->text().contains("(de)"), "the window was not retranslated");
+    // The library's own texts follow: the message box opened now speaks German.
+    QString yesText;
+    QTimer::singleShot(0, [&yesText] {
+        QTimer::singleShot(50, [&yesText] {
+            if (QWidget* dialog = QApplication::activeModalWidget()) {
+                yesText = dialog->findChild<QPushButton*>("yesButton")->text();
+                dialog->close();
+            }
+        });
+    });
+    QTest::mouseClick(m_window->findChild<QPushButton*>("yesNoButton"), Qt::LeftButton);
+    QCOMPARE(yesText, QString("Ja"));
+
+    combo->setCurrentIndex(english);
+    QCOMPARE(CLanguageManager::instance()->currentLanguageAbbrv(), QString("en"));
+    QVERIFY(m_window->findChild<QLabel*>("languageLabel")->text().contains("(en)"));
+}
+
+void TestShowcaseWindow::switchesTemporaryStoreAndBack()
+{
+    auto* store = m_window->findChild<QCheckBox*>("temporaryStoreCheckBox");
+    auto* report = m_window->findChild<QPlainTextEdit*>("startupReport");
+    QVERIFY(!CSettings().usingTemporarySettings());
+    QVERIFY(backendInForce(report->toPlainText()).endsWith("system store"));
+
+    store->setChecked(true);
+    QVERIFY(CSettings().usingTemporarySettings());
+    CSettings().setValue("showcase/probe", 42);
+    QVERIFY(backendInForce(report->toPlainText()).endsWith("temporary store"));
+
+    store->setChecked(false);
+    QVERIFY(!CSettings().usingTemporarySettings());
+    // What was written to the temporary store went with it.
+    QVERIFY(!CSettings().contains("showcase/probe"));
+    QVERIFY(backendInForce(report->toPlainText()).endsWith("system store"));
+}
+
+void TestShowcaseWindow::savesItsPictures()
+{
+    QTemporaryDir folder;
+    const QStringList written = m_window->saveScreenshots(folder.path());
+    QCOMPARE(written.size(), 1 + m_window->pages()->count());
+    QImage gallery(written.first());
+    QCOMPARE(gallery.size(), m_window->size() * m_window->devicePixelRatioF());
+    // The product's look is dark: most of the gallery is a dark background.
+    const QColor corner = gallery.pixelColor(gallery.width() - 3, gallery.height() - 3);
+    QVERIFY2(corner.lightness() < 100, qPrintable(corner.name()));
+    // Each page picture differs from the others.
+    QVERIFY(QImage(written.at(1)) != QImage(written.at(2)));
+}
+
+void TestShowcaseWindow::drawingPage()
+{
+    for (int type = 0; type < 7; ++type) {
+        auto* cursor = m_window->findChild<QLabel*>(QStringLiteral("cursor%1").arg(type));
+        QVERIFY(cursor && !cursor->pixmap(Qt::ReturnByValue).isNull());
+    }
+
+    // Typing re-arms the debounced call: one showing after the pause, not one per key.
+    auto* field = m_window->findChild<QLineEdit*>("debouncedField");
+    auto* shown = m_window->findChild<QLabel*>("debouncedText");
+    QTest::keyClicks(field, "abc");
+    QCOMPARE(shown->text(), QString());
+    QTRY_VERIFY_WITH_TIMEOUT(!shown->text().isEmpty(), 5000);
+    QCOMPARE(shown->text(), QString("\"abc\" (shown 1 time(s))"));
+}
+
+void TestShowcaseWindow::compressesAndExtracts()
+{
+    auto* count = m_window->findChild<QSpinBox*>("fileCountSpinBox");
+    auto* compress = m_window->findChild<QPushButton*>("compressButton");
+    auto* extract = m_window->findChild<QPushButton*>("extractButton");
+    auto* progress = m_window->findChild<QProgressBar*>("archiveProgress");
+    auto* status = m_window->findChild<QLabel*>("archiveStatus");
+    count->setValue(300);
+
+    QTest::mouseClick(compress, Qt::LeftButton);
+    QCOMPARE(progress->maximum(), 0); // busy while the helpers work
+    QVERIFY(!compress->isEnabled());
+    QTRY_VERIFY_WITH_TIMEOUT(compress->isEnabled(), 30000);
+    QVERIFY2(status->text().startsWith("300 files compressed"), qPrintable(status->text()));
+    QCOMPARE(progress->maximum(), 1);
+
+    QVERIFY(extract->isEnabled());
+    QTest::mouseClick(extract, Qt::LeftButton);
+    QTRY_VERIFY_WITH_TIMEOUT(extract->isEnabled() && status->text().contains("extracted"), 30000);
+    QVERIFY2(status->text().startsWith("300 files extracted"), qPrintable(status->text()));
+}
+
+void TestShowcaseWindow::soapCallShowsEnvelopesAndFault()
+{
+    // A server that answers any request with a SOAP fault. (The transport reads no body
+    // from a 5xx answer, so the fault comes with 200.)
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    const QByteArray fault = "<?xml version=\"1.0\"?><soap:Envelope "
+                             "xmlns:soap=\"http://schemas.xmlsoap.org/soap/envelope/\"><soap:Body><soap:Fault>"
+                             "<faultcode>soap:Client</faultcode><faultstring>No such method</faultstring>"
+                             "</soap:Fault></soap:Body></soap:Envelope>";
+    QByteArray received;
+    connect(&server, &QTcpServer::newConnection, [&server, &received, fault] {
+        QTcpSocket* socket = server.nextPendingConnection();
+        connect(socket, &QTcpSocket::readyRead, [socket, &received, fault] {
+            received += socket->readAll();
+            if (!received.contains("Envelope>"))
+                return;
+            socket->write("HTTP/1.1 200 OK\r\nContent-Type: text/xml\r\nContent-Length: " +
+                          QByteArray::number(fault.size()) + "\r\nConnection: close\r\n\r\n" + fault);
+            socket->disconnectFromHost();
+        });
+    });
+
+    auto* host = m_window->findChild<QLineEdit*>("hostField");
+    auto* form = qobject_cast<QFormLayout*>(host->parentWidget()->layout()->itemAt(0)->layout());
+    QVERIFY(form);
+    auto* hostLabel = qobject_cast<QLabel*>(form->labelForField(host));
+    QVERIFY(hostLabel && hostLabel->text() == "Host");
+    host->setText("127.0.0.1");
+    m_window->findChild<QSpinBox*>("portSpinBox")->setValue(server.serverPort());
+    m_window->findChild<QLineEdit*>("methodField")->setText("greet");
+    m_window->findChild<QLineEdit*>("argumentsField")->setText("name=Vexa");
+    QTest::mouseClick(m_window->findChild<QPushButton*>("sendButton"), Qt::LeftButton);
+
+    const QString request = m_window->findChild<QPlainTextEdit*>("requestEnvelope")->toPlainText();
+    QVERIFY2(request.contains("greet") && request.contains("Vexa"), qPrintable(request));
+    auto* faultLabel = m_window->findChild<QLabel*>("faultLabel");
+    QTRY_VERIFY_WITH_TIMEOUT(faultLabel->text().startsWith("Fault"), 10000);
+    QCOMPARE(faultLabel->text(), QString("Fault: No such method"));
+    QVERIFY(m_window->findChild<QPlainTextEdit*>("responseEnvelope")->toPlainText().contains("No such method"));
+    QVERIFY(received.contains("greet"));
+}
+
+UTILSDLL_TEST_MAIN_WITH(TestShowcaseWindow, QApplication)
+
+#include "tst_showcasewindow.moc"
