@@ -11,11 +11,12 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QThread>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace {
 
-QStringList writeSampleFiles(const QString& folder, int count)
+QStringList writeSampleFiles(const QString& folder, int count, QAtomicInt& written)
 {
     QDir().mkpath(folder);
     QStringList files;
@@ -25,8 +26,14 @@ QStringList writeSampleFiles(const QString& folder, int count)
         if (file.open(QIODevice::WriteOnly))
             file.write(QByteArray("Sample file ") + QByteArray::number(i) + '\n' + QByteArray(4096, char('a' + i % 26)));
         files << path;
+        written.storeRelease(i + 1);
     }
     return files;
+}
+
+int filesIn(const QString& folder)
+{
+    return QDir(folder).entryList(QDir::Files | QDir::NoDotAndDotDot).size();
 }
 
 } // namespace
@@ -36,6 +43,7 @@ ArchivePage::ArchivePage(QWidget* parent)
 {
     auto* layout = new QVBoxLayout(this);
     m_title = new QLabel;
+    m_title->setWordWrap(true);
     m_fileCount = new QSpinBox;
     m_fileCount->setObjectName("fileCountSpinBox");
     m_fileCount->setRange(1, 5000);
@@ -51,6 +59,9 @@ ArchivePage::ArchivePage(QWidget* parent)
     m_status = new QLabel;
     m_status->setObjectName("archiveStatus");
     m_status->setWordWrap(true);
+    m_poll = new QTimer(this);
+    m_poll->setInterval(50);
+    connect(m_poll, &QTimer::timeout, this, &ArchivePage::showProgress);
     connect(m_compress, &QPushButton::clicked, this, &ArchivePage::compress);
     connect(m_extract, &QPushButton::clicked, this, &ArchivePage::extract);
 
@@ -67,6 +78,13 @@ ArchivePage::ArchivePage(QWidget* parent)
     retranslate();
 }
 
+ArchivePage::~ArchivePage()
+{
+    // The worker writes into the page's work folder: it must end before the folder goes.
+    if (m_thread)
+        m_thread->wait();
+}
+
 QString ArchivePage::workFolder() const
 {
     return m_work.path();
@@ -77,47 +95,104 @@ void ArchivePage::compress()
     const QString sources = m_work.filePath("sources");
     const QString archive = m_work.filePath("samples.zip");
     const int count = m_fileCount->value();
-    runInBackground([sources, archive, count] {
-        QDir(sources).removeRecursively();
-        QFile::remove(archive);
-        const bool done = Vexa::CompressFiles(writeSampleFiles(sources, count), archive);
-        return done ? tr("%1 files compressed into %2 (%3 bytes).").arg(count).arg(archive).arg(QFileInfo(archive).size())
-                    : tr("Compression failed.");
-    });
+    runInBackground(
+        count,
+        [sources, archive, count](Job& job) {
+            QDir(sources).removeRecursively();
+            QFile::remove(archive);
+            job.phase.storeRelease(Writing);
+            const QStringList files = writeSampleFiles(sources, count, job.done);
+            // The helpers tell nothing until the whole archive is written.
+            job.phase.storeRelease(Compressing);
+            job.succeeded = Vexa::CompressFiles(files, archive);
+        },
+        [count, archive](const Job& job) {
+            return job.succeeded ? tr("%1 files compressed into %2 (%3 bytes).")
+                                       .arg(count)
+                                       .arg(QDir::toNativeSeparators(archive))
+                                       .arg(QFileInfo(archive).size())
+                                 : tr("Compression failed.");
+        });
+    m_archivedCount = count;
 }
 
 void ArchivePage::extract()
 {
     const QString archive = m_work.filePath("samples.zip");
     const QString target = m_work.filePath("extracted");
-    runInBackground([archive, target] {
-        QDir(target).removeRecursively();
-        QDir().mkpath(target);
-        Vexa::DecompressFiles(archive, target);
-        const int count = QDir(target).entryList(QDir::Files).size();
-        return tr("%1 files extracted into %2.").arg(count).arg(target);
-    });
+    QDir(target).removeRecursively();
+    QDir().mkpath(target);
+    runInBackground(
+        m_archivedCount,
+        [archive, target](Job& job) {
+            job.phase.storeRelease(Extracting);
+            Vexa::DecompressFiles(archive, target);
+            job.done.storeRelease(filesIn(target));
+        },
+        [target](const Job& job) {
+            return tr("%1 files extracted into %2.").arg(job.done.loadAcquire()).arg(QDir::toNativeSeparators(target));
+        });
 }
 
-void ArchivePage::runInBackground(std::function<QString()> work)
+void ArchivePage::runInBackground(int total, std::function<void(Job&)> work,
+                                  std::function<QString(const Job&)> describe)
 {
+    m_job = std::make_shared<Job>();
+    m_job->total = total;
+    m_describe = std::move(describe);
     setBusy(true);
-    auto* result = new QString;
-    QThread* thread = QThread::create([work, result] { *result = work(); });
-    connect(thread, &QThread::finished, this, [this, thread, result] {
-        m_status->setText(*result);
-        delete result;
-        thread->deleteLater();
-        setBusy(false);
-    });
-    thread->start();
+    std::shared_ptr<Job> job = m_job;
+    m_thread = QThread::create([work, job] { work(*job); });
+    connect(m_thread, &QThread::finished, this, &ArchivePage::finish);
+    m_thread->start();
+    m_poll->start();
+}
+
+// How far the worker got: files written, then the helper's single call, or the
+// extracted files counted in the target folder as the helper writes them.
+void ArchivePage::showProgress()
+{
+    if (!m_job)
+        return;
+    const int total = m_job->total;
+    switch (m_job->phase.loadAcquire()) {
+    case Writing:
+        m_progress->setRange(0, total);
+        m_progress->setValue(m_job->done.loadAcquire());
+        m_progress->setFormat(tr("Writing the files: %p%"));
+        break;
+    case Compressing:
+        m_progress->setRange(0, 0); // Qt's busy indicator
+        break;
+    case Extracting:
+        m_progress->setRange(0, total);
+        m_progress->setValue(qMin(total, filesIn(m_work.filePath("extracted"))));
+        m_progress->setFormat(tr("Extracting: %p%"));
+        break;
+    default:
+        break;
+    }
+}
+
+void ArchivePage::finish()
+{
+    m_poll->stop();
+    m_thread->deleteLater();
+    m_thread = nullptr;
+    m_status->setText(m_describe(*m_job));
+    setBusy(false);
 }
 
 void ArchivePage::setBusy(bool busy)
 {
-    // A range of 0..0 is Qt's busy indicator: the helpers report no progress of their own.
-    m_progress->setRange(0, busy ? 0 : 1);
-    m_progress->setValue(busy ? 0 : 1);
+    if (!busy) {
+        m_progress->setRange(0, qMax(1, m_job ? m_job->total : 1));
+        m_progress->setValue(m_progress->maximum());
+        m_progress->setFormat(tr("Done"));
+    } else {
+        m_progress->setRange(0, qMax(1, m_job->total));
+        m_progress->setValue(0);
+    }
     m_compress->setEnabled(!busy);
     m_extract->setEnabled(!busy && QFile::exists(m_work.filePath("samples.zip")));
     m_fileCount->setEnabled(!busy);
@@ -129,4 +204,8 @@ void ArchivePage::retranslate()
     m_fileCount->setSuffix(tr(" files"));
     m_compress->setText(tr("Compress"));
     m_extract->setText(tr("Extract"));
+    if (!m_thread && m_job) {
+        m_progress->setFormat(tr("Done"));
+        m_status->setText(m_describe(*m_job));
+    }
 }

@@ -1,22 +1,26 @@
 #pragma once
 
+#include <QAtomicInt>
 #include <QTemporaryDir>
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 
 class QLabel;
 class QProgressBar;
 class QPushButton;
 class QSpinBox;
+class QTimer;
 
 // The gallery's archive page: compresses a set of generated files with the archive
-// helpers and extracts it again, off the GUI thread, with a busy indication meanwhile.
+// helpers and extracts it again, off the GUI thread, showing how far the work got.
 class ArchivePage : public QWidget
 {
     Q_OBJECT
 public:
     explicit ArchivePage(QWidget* parent = nullptr);
+    ~ArchivePage() override;
 
     void retranslate();
     QString workFolder() const;
@@ -24,10 +28,24 @@ public:
 private slots:
     void compress();
     void extract();
+    void showProgress();
 
 private:
-    // Runs 'work' on a thread of its own and shows the text it returns once done.
-    void runInBackground(std::function<QString()> work);
+    enum Phase { Idle, Writing, Compressing, Extracting };
+
+    // What a worker shares with the page while it runs.
+    struct Job
+    {
+        QAtomicInt phase{Idle};
+        QAtomicInt done{0};
+        int total = 0;
+        bool succeeded = false;
+    };
+
+    // Runs 'work' on a thread of its own; 'describe' gives the status text once done,
+    // and again whenever the language changes.
+    void runInBackground(int total, std::function<void(Job&)> work, std::function<QString(const Job&)> describe);
+    void finish();
     void setBusy(bool busy);
 
     QTemporaryDir m_work;
@@ -37,4 +55,9 @@ private:
     QPushButton* m_extract = nullptr;
     QProgressBar* m_progress = nullptr;
     QLabel* m_status = nullptr;
+    QTimer* m_poll = nullptr;
+    QThread* m_thread = nullptr;
+    std::shared_ptr<Job> m_job;
+    std::function<QString(const Job&)> m_describe;
+    int m_archivedCount = 0;
 };

@@ -1,6 +1,7 @@
 #include "DialogPictures.h"
 
 #include "AboutDlg.h"
+#include "CNativeDialogs.h"
 #include "HostWarningDlg.h"
 #include "MessageBox.h"
 
@@ -66,6 +67,7 @@ QStringList renderDialogPictures(const QString& folder)
 
     writer.saveModal("message_information", [] { CMessageBox::information(nullptr, "The image was saved.", 165); });
     writer.saveModal("message_warning", [] { CMessageBox::warning(nullptr, "The file cannot be opened.", 165); });
+    writer.saveModal("message_critical", [] { CMessageBox::critical(nullptr, "The operation failed.", 165); });
     writer.saveModal("message_yes_no", [] { CMessageBox::yesNoMessage(nullptr, s_sampleText, 165); });
     writer.saveModal("message_rotate", [] { CMessageBox::rotateQuestion(nullptr, "Rotate the image?", 165); });
     writer.saveModal("message_save_discard_cancel",
@@ -92,4 +94,14 @@ QStringList renderDialogPictures(const QString& folder)
     sorel->close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return writer.written();
+}
+
+QString renderFolderChooserPicture(const QString& folder, const QString& shownFolder)
+{
+    QDir().mkpath(folder);
+    PictureWriter writer(folder);
+    writer.saveModal("folder_chooser", [&shownFolder] {
+        Vexa::CNativeDialogs::instance().getExistingDirectory(nullptr, "Choose a folder", shownFolder);
+    });
+    return writer.written().value(0);
 }

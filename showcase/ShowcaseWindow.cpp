@@ -1,6 +1,7 @@
 #include "ShowcaseWindow.h"
 
 #include "ShowcaseReport.h"
+#include "ShowcaseTranslator.h"
 #include "ToolsPage.h"
 #include "ArchivePage.h"
 #include "SoapPage.h"
@@ -37,21 +38,21 @@ namespace {
 const char* const s_sampleQuestion =
     QT_TRANSLATE_NOOP("ShowcaseWindow", "The image was changed. Do you want to save the changes before closing it?");
 
-QString buttonName(QMessageBox::StandardButton button)
+const char* buttonName(QMessageBox::StandardButton button)
 {
     switch (button) {
     case QMessageBox::Yes:
-        return ShowcaseWindow::tr("Yes");
+        return QT_TRANSLATE_NOOP("ShowcaseWindow", "Yes");
     case QMessageBox::No:
-        return ShowcaseWindow::tr("No");
+        return QT_TRANSLATE_NOOP("ShowcaseWindow", "No");
     case QMessageBox::Save:
-        return ShowcaseWindow::tr("Save");
+        return QT_TRANSLATE_NOOP("ShowcaseWindow", "Save");
     case QMessageBox::Discard:
-        return ShowcaseWindow::tr("Don't save");
+        return QT_TRANSLATE_NOOP("ShowcaseWindow", "Don't save");
     case QMessageBox::Cancel:
-        return ShowcaseWindow::tr("Cancel");
+        return QT_TRANSLATE_NOOP("ShowcaseWindow", "Cancel");
     default:
-        return ShowcaseWindow::tr("button %1").arg(int(button));
+        return QT_TRANSLATE_NOOP("ShowcaseWindow", "Closed");
     }
 }
 
@@ -92,7 +93,9 @@ ShowcaseWindow::ShowcaseWindow(CTemporarySettings* temporaryStore, QWidget* pare
     m_languages->setCurrentIndex(languages->currentLanguageIndex());
     connect(m_languages, QOverload<int>::of(&QComboBox::currentIndexChanged), languages,
             &CLanguageManager::changeLanguage);
-    connect(languages, &CLanguageManager::languageChanged, this, &ShowcaseWindow::retranslate);
+    m_translator = new ShowcaseTranslator(this);
+    m_translator->follow(languages->currentLanguageAbbrv());
+    connect(languages, &CLanguageManager::languageChanged, this, &ShowcaseWindow::followLanguage);
     languageBar->addWidget(m_languageLabel);
     languageBar->addWidget(m_languages, 1);
     layout->addLayout(languageBar);
@@ -136,66 +139,74 @@ QWidget* ShowcaseWindow::createDialogsPage()
 
     addDialogEntry("information", QT_TR_NOOP("Information"), [this] {
         CMessageBox::information(this, tr("The image was saved."));
-        return tr("OK");
+        return Answer{QT_TR_NOOP("OK"), {}};
     });
     addDialogEntry("warning", QT_TR_NOOP("Warning"), [this] {
         CMessageBox::warning(this, tr("The file cannot be opened."));
-        return tr("OK");
+        return Answer{QT_TR_NOOP("OK"), {}};
     });
     addDialogEntry("critical", QT_TR_NOOP("Critical"), [this] {
         CMessageBox::critical(this, tr("The operation failed."));
-        return tr("OK");
+        return Answer{QT_TR_NOOP("OK"), {}};
     });
     addDialogEntry("yesNo", QT_TR_NOOP("Yes / No"),
-                   [this] { return buttonName(CMessageBox::yesNoMessage(this, tr(s_sampleQuestion))); });
+                   [this] { return Answer{buttonName(CMessageBox::yesNoMessage(this, tr(s_sampleQuestion))), {}}; });
     addDialogEntry("rotate", QT_TR_NOOP("Rotate question"), [this] {
-        return CMessageBox::rotateQuestion(this, tr("Rotate the image?")) ? tr("Rotate") : tr("Cancel");
+        const bool rotate = CMessageBox::rotateQuestion(this, tr("Rotate the image?"));
+        return Answer{rotate ? QT_TR_NOOP("Rotate") : QT_TR_NOOP("Cancel"), {}};
     });
     addDialogEntry("saveDiscardCancel", QT_TR_NOOP("Save / Don't save / Cancel"), [this] {
-        return buttonName(CMessageBox::saveDiscardCancelMessage(this, tr(s_sampleQuestion)));
+        return Answer{buttonName(CMessageBox::saveDiscardCancelMessage(this, tr(s_sampleQuestion))), {}};
     });
     addDialogEntry("backgroundProcessing", QT_TR_NOOP("Background processing"), [this] {
         const QMessageBox::StandardButton answer =
             CMessageBox::backgroundProcessingCancelMessage(this, tr("The image is still being processed."));
         // The dialog's own buttons read "Quit" / "Don't quit".
-        return answer == QMessageBox::Discard ? tr("Quit") : tr("Don't quit");
+        return Answer{answer == QMessageBox::Discard ? QT_TR_NOOP("Quit") : QT_TR_NOOP("Don't quit"), {}};
     });
     addDialogEntry("hostWarning", QT_TR_NOOP("Host warning"), [this] {
         CHostWarningDlg dialog(this);
         dialog.exec();
-        return dialog.hasUserChosenToQuit() ? tr("Quit") : tr("Continue");
+        return Answer{dialog.hasUserChosenToQuit() ? QT_TR_NOOP("Quit") : QT_TR_NOOP("Continue"), {}};
     });
     addDialogEntry("about", QT_TR_NOOP("About"), [this] {
         execAboutBox(new CAboutDlg(this));
-        return tr("Closed");
+        return Answer{QT_TR_NOOP("Closed"), {}};
     });
     addDialogEntry("aboutSorel", QT_TR_NOOP("About Sorel"), [this] {
         execAboutBox(new CAboutSorelDlg(this));
-        return tr("Closed");
+        return Answer{QT_TR_NOOP("Closed"), {}};
     });
     addDialogEntry("folder", QT_TR_NOOP("Folder chooser"), [this] {
         const QString folder = CNativeDialogs::instance().getExistingDirectory(this, tr("Choose a folder"),
                                                                                QDir::homePath());
-        return folder.isEmpty() ? tr("Cancelled") : QDir::toNativeSeparators(folder);
+        return folder.isEmpty() ? Answer{QT_TR_NOOP("Cancelled"), {}} : Answer{nullptr, folder};
     });
     static_cast<QGridLayout*>(m_dialogsPage->layout())->setRowStretch(m_dialogs.size(), 1);
     return m_dialogsPage;
 }
 
-void ShowcaseWindow::addDialogEntry(const char* name, const char* title, std::function<QString()> open)
+void ShowcaseWindow::addDialogEntry(const char* name, const char* title, std::function<Answer()> open)
 {
     auto* grid = static_cast<QGridLayout*>(m_dialogsPage->layout());
-    DialogEntry entry{new QPushButton, new QLabel, std::move(open), title};
+    DialogEntry entry{new QPushButton, new QLabel, std::move(open), title, {}};
     entry.button->setObjectName(QString(name) + "Button");
-    entry.answer->setObjectName(QString(name) + "Answer");
+    entry.answerLabel->setObjectName(QString(name) + "Answer");
     const int row = m_dialogs.size();
     grid->addWidget(entry.button, row, 0);
-    grid->addWidget(entry.answer, row, 1);
+    grid->addWidget(entry.answerLabel, row, 1);
     connect(entry.button, &QPushButton::clicked, this, [this, row] {
-        const DialogEntry& clicked = m_dialogs.at(row);
-        clicked.answer->setText(clicked.open());
+        const Answer answer = m_dialogs.at(row).open();
+        DialogEntry& clicked = m_dialogs[row];
+        clicked.answer = answer;
+        clicked.answerLabel->setText(answerText(answer));
     });
     m_dialogs << entry;
+}
+
+QString ShowcaseWindow::answerText(const Answer& answer)
+{
+    return answer.text ? tr(answer.text) : QDir::toNativeSeparators(answer.folder);
 }
 
 QWidget* ShowcaseWindow::createStartupPage()
@@ -245,6 +256,12 @@ void ShowcaseWindow::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
 }
 
+void ShowcaseWindow::followLanguage()
+{
+    m_translator->follow(CLanguageManager::instance()->currentLanguageAbbrv());
+    retranslate();
+}
+
 void ShowcaseWindow::retranslate()
 {
     setWindowTitle(tr("UtilsDll showcase"));
@@ -262,8 +279,12 @@ void ShowcaseWindow::retranslate()
     m_archives->retranslate();
     m_pages->setTabText(4, tr("SOAP"));
     m_soap->retranslate();
-    for (const DialogEntry& entry : qAsConst(m_dialogs))
+    for (const DialogEntry& entry : qAsConst(m_dialogs)) {
         entry.button->setText(tr(entry.title));
+        // An answer already given follows the language too.
+        if (!entry.answerLabel->text().isEmpty())
+            entry.answerLabel->setText(answerText(entry.answer));
+    }
     m_temporarySwitch->setText(tr("Run on a temporary settings store"));
 }
 

@@ -17,6 +17,7 @@ class QTabWidget;
 class ToolsPage;
 class ArchivePage;
 class SoapPage;
+class ShowcaseTranslator;
 
 // The last steps of the product's start-up: its style sheets, fonts, logo icon and style.
 void dressLikeTheProduct(QApplication& app);
@@ -45,17 +46,27 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    // What the user answered: a text to translate, or a folder shown as it is.
+    struct Answer
+    {
+        const char* text = nullptr;
+        QString folder;
+    };
+
     struct DialogEntry
     {
         QPushButton* button;
-        QLabel* answer;
-        std::function<QString()> open; // shows the dialog, returns the user's answer
+        QLabel* answerLabel;
+        std::function<Answer()> open; // shows the dialog, returns the user's answer
         const char* title;
+        Answer answer;
     };
 
     QWidget* createDialogsPage();
     QWidget* createStartupPage();
-    void addDialogEntry(const char* name, const char* title, std::function<QString()> open);
+    void addDialogEntry(const char* name, const char* title, std::function<Answer()> open);
+    static QString answerText(const Answer& answer);
+    void followLanguage();
     void retranslate();
     void refreshReport();
 
@@ -69,5 +80,6 @@ private:
     ToolsPage* m_tools = nullptr;
     ArchivePage* m_archives = nullptr;
     SoapPage* m_soap = nullptr;
+    ShowcaseTranslator* m_translator = nullptr;
     QPointer<CTemporarySettings> m_temporaryStore;
 };

@@ -48,7 +48,7 @@ SoapPage::SoapPage(QWidget* parent)
     m_action = addField("actionField", "say_hello");
     m_method = addField("methodField", "say_hello");
     m_namespace = addField("namespaceField", "spyne.examples.hello");
-    // "name=value" pairs separated by ';'.
+    // "name=value" pairs separated by ';', in the method's namespace.
     m_arguments = addField("argumentsField", "name=Vexa;times=2");
     layout->addLayout(m_form);
 
@@ -89,11 +89,11 @@ void SoapPage::send()
     for (const QString& pair : m_arguments->text().split(';', Qt::SkipEmptyParts)) {
         const int equals = pair.indexOf('=');
         if (equals > 0)
-            request.addMethodArgument(pair.left(equals).trimmed(), QString(), pair.mid(equals + 1).trimmed());
+            request.addMethodArgument(pair.left(equals).trimmed(), m_namespace->text(), pair.mid(equals + 1).trimmed());
     }
     m_request->setPlainText(request.toXmlString(2));
     m_response->clear();
-    m_fault->setText(tr("Waiting for the answer..."));
+    showFault([] { return tr("Waiting for the answer..."); });
     m_transport->setHost(m_host->text(), m_https->isChecked(), m_port->value());
     m_transport->setAction(m_action->text());
     m_transport->submitRequest(request, m_path->text());
@@ -102,7 +102,18 @@ void SoapPage::send()
 void SoapPage::showResponse(const QtSoapMessage& response)
 {
     m_response->setPlainText(response.toXmlString(2));
-    m_fault->setText(response.isFault() ? tr("Fault: %1").arg(response.faultString().toString()) : tr("No fault."));
+    if (response.isFault()) {
+        const QString fault = response.faultString().toString();
+        showFault([fault] { return tr("Fault: %1").arg(fault); });
+    } else {
+        showFault([] { return tr("No fault."); });
+    }
+}
+
+void SoapPage::showFault(std::function<QString()> describe)
+{
+    m_describeFault = std::move(describe);
+    m_fault->setText(m_describeFault());
 }
 
 void SoapPage::retranslate()
@@ -118,4 +129,6 @@ void SoapPage::retranslate()
     m_send->setText(tr("Send the request"));
     m_request->setPlaceholderText(tr("The request envelope"));
     m_response->setPlaceholderText(tr("The response envelope"));
+    if (m_describeFault)
+        m_fault->setText(m_describeFault());
 }

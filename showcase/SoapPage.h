@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 class QCheckBox;
 class QFormLayout;
 class QLabel;
@@ -33,6 +35,8 @@ private slots:
 
 private:
     QLineEdit* addField(const char* name, const QString& value);
+    // The fault line is kept as a description, so that it follows the language.
+    void showFault(std::function<QString()> describe);
 
     QFormLayout* m_form = nullptr;
     QLineEdit* m_host = nullptr;
@@ -47,5 +51,6 @@ private:
     QPlainTextEdit* m_request = nullptr;
     QPlainTextEdit* m_response = nullptr;
     QLabel* m_fault = nullptr;
+    std::function<QString()> m_describeFault;
     Vexa::QtSoapHttpTransport* m_transport = nullptr;
 };

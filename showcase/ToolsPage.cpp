@@ -116,7 +116,14 @@ ToolsPage::ToolsPage(QWidget* parent)
 void ToolsPage::showDebouncedText()
 {
     ++m_debouncedCount;
-    m_debounced->setText(tr("\"%1\" (shown %n time(s))", nullptr, m_debouncedCount).arg(m_field->text()));
+    m_debouncedText = m_field->text();
+    showDebounceCount();
+}
+
+void ToolsPage::showDebounceCount()
+{
+    if (m_debouncedCount > 0)
+        m_debounced->setText(tr("\"%1\" (shown %n time(s))", nullptr, m_debouncedCount).arg(m_debouncedText));
 }
 
 void ToolsPage::retranslate()
@@ -125,4 +132,5 @@ void ToolsPage::retranslate()
     m_linesTitle->setText(tr("A tool line, tiled and stretched"));
     m_iconsTitle->setText(tr("An icon ignoring, keeping and expanding its aspect"));
     m_debounceTitle->setText(tr("A debounced field: the text below follows once typing pauses"));
+    showDebounceCount();
 }

@@ -22,6 +22,8 @@ private slots:
     void showDebouncedText();
 
 private:
+    void showDebounceCount();
+
     QLabel* m_cursorsTitle = nullptr;
     QLabel* m_linesTitle = nullptr;
     QLabel* m_iconsTitle = nullptr;
@@ -29,4 +31,5 @@ private:
     QLineEdit* m_field = nullptr;
     QLabel* m_debounced = nullptr;
     int m_debouncedCount = 0;
+    QString m_debouncedText;
 };

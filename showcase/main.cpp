@@ -57,7 +57,12 @@ int writeScreenshots(ShowcaseWindow& window, const QString& folder)
 {
     window.show();
     QStringList written = window.saveScreenshots(folder);
-    written << renderDialogPictures(QDir(folder).filePath("dialogs"));
+    const QString dialogs = QDir(folder).filePath("dialogs");
+    written << renderDialogPictures(dialogs);
+    // The chooser is shown on the folder of pictures just written.
+    const QString chooser = renderFolderChooserPicture(dialogs, folder);
+    if (!chooser.isEmpty())
+        written << chooser;
     QTextStream out(stdout);
     out << '\n' << "Screenshots (" << QDir::toNativeSeparators(folder) << ")" << '\n';
     for (const QString& file : written)

@@ -45,7 +45,8 @@ void TestShowcaseProgram::runsHeadless()
     QVERIFY2(out.contains("Storage locations") && out.contains("Launch state"), qPrintable(out));
     QVERIFY2(out.contains("Screenshots (" + QDir::toNativeSeparators(folder) + ")"), qPrintable(out));
     for (const char* name : {"gallery.png", "page_1.png", "page_2.png", "page_3.png", "page_4.png", "page_5.png", "dialogs/message_yes_no.png",
-                                "dialogs/host_warning.png", "dialogs/about.png"}) {
+                             "dialogs/message_critical.png", "dialogs/host_warning.png", "dialogs/about.png",
+                             "dialogs/folder_chooser.png"}) {
         const QString file = QDir(folder).filePath(name);
         QVERIFY2(out.contains(QDir::toNativeSeparators(file)), name);
         QVERIFY2(!QImage(file).isNull(), qPrintable(file));
