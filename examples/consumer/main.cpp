@@ -1,28 +1,59 @@
-// The minimal start-up of an embedding executable.
+// The start-up of an embedding executable, in the order the library needs, then a
+// check that each step took effect.
 #include <UtilsDll/UtilsDll.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDir>
+#include <QFontDatabase>
 #include <QTemporaryDir>
 #include <QTextStream>
 
+namespace {
+
+int failures = 0;
+
+void report(QTextStream& out, const char* step, bool done, const QString& detail = QString())
+{
+    out << (done ? "ok   " : "FAIL ") << step << (detail.isEmpty() ? QString() : ": " + detail) << '\n';
+    failures += done ? 0 : 1;
+}
+
+} // namespace
+
 int main(int argc, char* argv[])
 {
-    QCoreApplication app(argc, argv);
+    // The example runs in a home of its own, so that it never touches the user's settings.
     QTemporaryDir home;
-    qputenv("XDG_DATA_HOME", home.path().toLocal8Bit());
-    qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    qputenv("HOME", home.path().toLocal8Bit());
+    qputenv("XDG_DATA_HOME", home.filePath("data").toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", home.filePath("config").toLocal8Bit());
+    QApplication app(argc, argv);
+    QTextStream out(stdout);
 
-    // 1. The preferences file before anything reads it.
+    // 1. The preferences file, before anything reads it.
     Vexa::CStorageLocation::setPreferencesFilePath(Vexa::CStorageLocation::getDefaultPreferencesFilePath());
     // 2. A temporary store, installed before other threads use settings.
     CTemporarySettings temporaryStore(QCoreApplication::applicationFilePath().toLocal8Bit().constData());
     Vexa::CSettings::setTemporarySettings(temporaryStore);
     // 3. The logger, as early as possible.
     Vexa::initLoggerForUtilsDll(nullptr, "consumer.log");
+    // 4. The language, then the product's look: style sheets, fonts, logo icon, style.
+    Vexa::CLanguageManager::instance()->loadLanguageForApp();
+    Vexa::setPredefinedAppStyleSheet(QString(), &app);
+    Vexa::loadFonts();
+    const bool logo = Vexa::loadAppLogoIcon();
+    QApplication::setStyle(new Vexa::CustomVexaAppStyle);
 
     Vexa::setLastLaunchMode(Vexa::LAUNCH_MODE_STANDALONE);
-    QTextStream(stdout) << "data: " << Vexa::CStorageLocation::currentDataLocation() << '\n'
-                        << "launch mode: " << Vexa::getLastLaunchMode() << '\n';
-    return Vexa::getLastLaunchMode() == Vexa::LAUNCH_MODE_STANDALONE ? 0 : 1;
+    report(out, "preferences", !Vexa::CStorageLocation::getCurrentPreferencesFilePath().isEmpty(),
+           Vexa::CStorageLocation::getCurrentPreferencesFilePath());
+    report(out, "temporary store", Vexa::CSettings().usingTemporarySettings()
+                                       && Vexa::getLastLaunchMode() == Vexa::LAUNCH_MODE_STANDALONE);
+    report(out, "language", Vexa::CLanguageManager::instance()->langCount() > 0,
+           Vexa::CLanguageManager::instance()->currentLanguageAbbrv());
+    report(out, "style sheet", !app.styleSheet().isEmpty());
+    report(out, "fonts", !QFontDatabase().families().isEmpty());
+    report(out, "logo icon", logo && !QApplication::windowIcon().isNull());
+    report(out, "style", qobject_cast<Vexa::CustomVexaAppStyle*>(QApplication::style()) != nullptr);
+    return failures == 0 ? 0 : 1;
 }
