@@ -15,7 +15,6 @@
 #include <stdexcept>
 
 using Vexa::CSettings;
-using UtilsDllTest::ScopedTestLogger;
 
 namespace {
 
@@ -26,22 +25,23 @@ __attribute__((no_sanitize("undefined"))) void installSystemStore()
     CSettings::setTemporarySettings(*static_cast<CTemporarySettings*>(nullptr));
 }
 
-QString systemStoreFile()
-{
-    return QSettings("Vexa Labs", "Vexa Rectivo 3").fileName();
-}
-
-// Reads the ini file as text, bypassing QSettings and its per-process cache.
+// Read as text, bypassing QSettings and its per-process cache.
 QString fileText(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-std::unique_ptr<CTemporarySettings> makeStore(const QString& anchorFolder = QString())
+bool writeFile(const QString& path, const QByteArray& content)
 {
-    const QString anchor = (anchorFolder.isEmpty() ? QDir::tempPath() : anchorFolder) + "/anchor.exe";
-    return std::make_unique<CTemporarySettings>(anchor.toUtf8().constData());
+    QFile file(path);
+    return QDir().mkpath(QFileInfo(path).absolutePath()) && file.open(QIODevice::WriteOnly)
+        && file.write(content) == content.size();
+}
+
+std::unique_ptr<CTemporarySettings> makeStore(const QString& anchorFolder = QDir::tempPath())
+{
+    return std::make_unique<CTemporarySettings>((anchorFolder + "/anchor.exe").toUtf8().constData());
 }
 
 } // namespace
@@ -50,44 +50,28 @@ class TestSettings : public QObject
 {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup();
+    void init() { QSettings("Vexa Labs", "Vexa Rectivo 3").clear(); }
+    void cleanup() { installSystemStore(); }
 
-    void preferencesFileNeedsItsPath();
+    void preferencesFileNeedsItsPath(); // must run first
     void preferencesFileReads_data();
     void preferencesFileReads();
     void backendIsChosenOnEveryCall();
-    void groupsInTheTemporaryStore();
-    void groupLeftSetAfterTheStoreIsGone();
-    void arraysGoToTheActiveStore();
+    void groupsAndArrays();
     void everyWriteIsOnDiskBeforeReturning();
-    void storeIsSeededFromTheDefaultsFile();
-    void unusableStoreFilesGiveDefaults_data();
-    void unusableStoreFilesGiveDefaults();
+    void storeFiles_data();
+    void storeFiles();
     void secondStoreTakesOverTheReportedPath();
     void storeChangesAreLogged();
 };
 
-void TestSettings::init()
-{
-    QSettings("Vexa Labs", "Vexa Rectivo 3").clear();
-}
-
-void TestSettings::cleanup()
-{
-    installSystemStore();
-}
-
 void TestSettings::preferencesFileNeedsItsPath()
 {
-    // Before any setPreferencesFilePath: this must be the first test function.
-    for (const QString& key : {QString("anything"), QString()}) {
-        try {
-            CSettings::getStringFromPreferencesFile(key, "default");
-            QFAIL("no exception for an unset preferences path");
-        } catch (const std::runtime_error& error) {
-            QCOMPARE(QString(error.what()), QString("Preferences file path not set"));
-        }
+    try {
+        CSettings::getStringFromPreferencesFile("anything", "default");
+        QFAIL("no exception for an unset preferences path");
+    } catch (const std::runtime_error& error) {
+        QCOMPARE(QString(error.what()), QString("Preferences file path not set"));
     }
 }
 
@@ -100,7 +84,6 @@ void TestSettings::preferencesFileReads_data()
     QTest::newRow("grouped") << QByteArray("[Paths]\nroot=/x\n") << "Paths/root" << "/x";
     QTest::newRow("empty value reads as default") << QByteArray("[General]\nlang=\n") << "lang" << "fallback";
     QTest::newRow("absent") << QByteArray("[General]\nother=1\n") << "lang" << "fallback";
-    QTest::newRow("empty file") << QByteArray() << "lang" << "fallback";
     QTest::newRow("binary garbage") << QByteArray("\x00\xff\xfe[\x01=\x02\n\x80\x81", 11) << "lang" << "fallback";
 }
 
@@ -110,13 +93,8 @@ void TestSettings::preferencesFileReads()
     QFETCH(QString, key);
     QFETCH(QString, expected);
     QTemporaryDir folder;
-    const QString path = folder.filePath("Preferences.ini");
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-    file.close();
-
-    Vexa::CStorageLocation::setPreferencesFilePath(path);
+    QVERIFY(writeFile(folder.filePath("Preferences.ini"), content));
+    Vexa::CStorageLocation::setPreferencesFilePath(folder.filePath("Preferences.ini"));
     QCOMPARE(CSettings::getStringFromPreferencesFile(key, "fallback"), expected);
 
     // A folder where the file should be cannot be read: defaults again.
@@ -132,9 +110,8 @@ void TestSettings::backendIsChosenOnEveryCall()
 
     auto store = makeStore();
     CSettings::setTemporarySettings(*store);
-    QVERIFY(CSettings().usingTemporarySettings());
-    QVERIFY(!CSettings(nullptr, true).usingTemporarySettings());
     QVERIFY(builtBefore.usingTemporarySettings());
+    QVERIFY(!CSettings(nullptr, true).usingTemporarySettings());
     QCOMPARE(builtBefore.value("where", "absent").toString(), QString("absent"));
     QCOMPARE(CSettings(nullptr, true).value("where").toString(), QString("system"));
 
@@ -150,75 +127,51 @@ void TestSettings::backendIsChosenOnEveryCall()
     QCOMPARE(builtDuring.value("where").toString(), QString("system"));
 }
 
-void TestSettings::groupsInTheTemporaryStore()
+void TestSettings::groupsAndArrays()
 {
+    QSettings system("Vexa Labs", "Vexa Rectivo 3");
+    system.setValue("g/key", "prefixed");
+    system.sync();
     auto store = makeStore();
     CSettings::setTemporarySettings(*store);
     CSettings settings;
     QCOMPARE(settings.localKey("key"), QString("key"));
-
     settings.beginGroup("outer");
-    settings.beginGroup("prefix"); // replaces, does not nest
-    QCOMPARE(settings.group(), QString("prefix"));
-    QCOMPARE(settings.localKey("key"), QString("prefix/key"));
+    settings.beginGroup("g"); // replaces, does not nest
+    QCOMPARE(settings.localKey("key"), QString("g/key"));
 
+    // The group prefixes writes only: reads and contains take the key as given.
     settings.setValue("key", 1);
     QVERIFY(settings.contains("key"));
-    QCOMPARE(settings.value("key", 7).toInt(), 7);          // looked up without the prefix
-    QCOMPARE(settings.value("prefix/key", 7).toInt(), 1);
-    QCOMPARE(store->value("prefix/key").toInt(), 1);
-
+    QCOMPARE(settings.value("key", 7).toInt(), 7);
+    QCOMPARE(settings.value("g/key", 7).toInt(), 1);
     settings.remove("key");
-    QVERIFY(!store->contains("prefix/key"));
+    QVERIFY(!store->contains("g/key"));
 
+    // Arrays go to the active store.
     settings.endGroup();
     QCOMPARE(settings.group(), QString());
-    // Nothing of the groups reached the system store.
-    QCOMPARE(QSettings("Vexa Labs", "Vexa Rectivo 3").group(), QString());
-}
-
-void TestSettings::groupLeftSetAfterTheStoreIsGone()
-{
-    {
-        QSettings system("Vexa Labs", "Vexa Rectivo 3");
-        system.setValue("g/key", "prefixed");
-        system.setValue("key", "plain");
-    }
-    auto store = makeStore();
-    CSettings::setTemporarySettings(*store);
-    CSettings settings;
-    settings.beginGroup("g");
-    store.reset();
-
-    QVERIFY(!settings.usingTemporarySettings());
-    QCOMPARE(settings.value("key").toString(), QString("prefixed"));
-    settings.setValue("key", "written");
-    settings.sync();
-    QSettings system("Vexa Labs", "Vexa Rectivo 3");
-    QCOMPARE(system.value("key").toString(), QString("written"));
-    QCOMPARE(system.value("g/key").toString(), QString("prefixed"));
-}
-
-void TestSettings::arraysGoToTheActiveStore()
-{
-    auto store = makeStore();
-    CSettings::setTemporarySettings(*store);
-    {
-        CSettings settings;
-        settings.beginWriteArray("recent", 2);
-        for (int i = 0; i < 2; ++i) {
-            settings.setArrayIndex(i);
-            settings.setValue("file", QString("f%1").arg(i));
-        }
-        settings.endArray();
-        settings.sync();
-    }
+    settings.beginWriteArray("recent", 2);
+    settings.setArrayIndex(1);
+    settings.setValue("file", "f1");
+    settings.endArray();
     CSettings reader;
     QCOMPARE(reader.beginReadArray("recent"), 2);
     reader.setArrayIndex(1);
     QCOMPARE(reader.value("file").toString(), QString("f1"));
     reader.endArray();
-    QVERIFY(!QSettings("Vexa Labs", "Vexa Rectivo 3").contains("recent/size"));
+    system.sync();
+    QVERIFY(!system.contains("recent/size"));
+
+    // A group left set when the store goes: reads are prefixed against the system store, writes are not.
+    settings.beginGroup("g");
+    store.reset();
+    QCOMPARE(settings.value("key").toString(), QString("prefixed"));
+    settings.setValue("key", "written");
+    settings.sync();
+    system.sync();
+    QCOMPARE(system.value("key").toString(), QString("written"));
+    QCOMPARE(system.value("g/key").toString(), QString("prefixed"));
 }
 
 void TestSettings::everyWriteIsOnDiskBeforeReturning()
@@ -226,63 +179,48 @@ void TestSettings::everyWriteIsOnDiskBeforeReturning()
     auto store = makeStore();
     CSettings::setTemporarySettings(*store);
     const QString path = store->tempSettingsPath();
-    CSettings settings;
-    for (int i = 0; i < 40; ++i) {
-        settings.setValue(QString("key%1").arg(i % 5), i);
-        QVERIFY2(fileText(path).contains(QString("key%1=%2").arg(i % 5).arg(i)), qPrintable(fileText(path)));
+    for (int i = 0; i < 6; ++i) {
+        CSettings().setValue(QString("key%1").arg(i % 2), i);
+        QVERIFY2(fileText(path).contains(QString("key%1=%2").arg(i % 2).arg(i)), qPrintable(fileText(path)));
         store->setValue("direct", i);
         QVERIFY(fileText(path).contains(QString("direct=%1").arg(i)));
     }
-    settings.remove("key0");
+    CSettings().remove("key0");
     QVERIFY(!fileText(path).contains("key0="));
     store->clear();
     QVERIFY(!fileText(path).contains("key1="));
 }
 
-void TestSettings::storeIsSeededFromTheDefaultsFile()
-{
-    QTemporaryDir anchorFolder;
-    QFile defaults(anchorFolder.filePath("DefaultTemporarySettings.ini"));
-    QVERIFY(defaults.open(QIODevice::WriteOnly));
-    defaults.write("[General]\napp_launched=1\nresellerId=shop\n");
-    defaults.close();
-
-    auto store = makeStore(anchorFolder.path());
-    CSettings::setTemporarySettings(*store);
-    QCOMPARE(CSettings().value("resellerId").toString(), QString("shop"));
-    // The defaults file itself is left alone.
-    CSettings().setValue("resellerId", "other");
-    QVERIFY(fileText(defaults.fileName()).contains("resellerId=shop"));
-}
-
-void TestSettings::unusableStoreFilesGiveDefaults_data()
+void TestSettings::storeFiles_data()
 {
     QTest::addColumn<QByteArray>("content");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("garbage") << QByteArray("\xff\xfe\x00[[[=\n=\n\x80", 12);
-    QTest::newRow("truncated section") << QByteArray("[Gener");
+    QTest::addColumn<QString>("reseller");
+    QTest::newRow("seeded") << QByteArray("[General]\napp_launched=1\nresellerId=shop\n") << "shop";
+    QTest::newRow("empty") << QByteArray() << "vexa";
+    QTest::newRow("garbage") << QByteArray("\xff\xfe\x00[[[=\n=\n\x80", 12) << "vexa";
+    QTest::newRow("truncated section") << QByteArray("[Gener") << "vexa";
 }
 
-void TestSettings::unusableStoreFilesGiveDefaults()
+void TestSettings::storeFiles()
 {
     QFETCH(QByteArray, content);
-    const QString systemFile = systemStoreFile();
-    QVERIFY(QDir().mkpath(QFileInfo(systemFile).absolutePath()));
-    QFile file(systemFile);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-    file.close();
-    QCOMPARE(CSettings().value("resellerId", "vexa").toString(), QString("vexa"));
+    QFETCH(QString, reseller);
+    // As the system store's file: unusable content reads as defaults.
+    QVERIFY(writeFile(QSettings("Vexa Labs", "Vexa Rectivo 3").fileName(), content));
+    QCOMPARE(CSettings().value("resellerId", "vexa").toString(), reseller);
 
+    // As the defaults beside the anchor, it seeds the temporary store and stays untouched.
     QTemporaryDir anchorFolder;
-    QFile defaults(anchorFolder.filePath("DefaultTemporarySettings.ini"));
-    QVERIFY(defaults.open(QIODevice::WriteOnly));
-    defaults.write(content);
-    defaults.close();
+    const QString defaults = anchorFolder.filePath("DefaultTemporarySettings.ini");
+    QVERIFY(writeFile(defaults, content));
     auto store = makeStore(anchorFolder.path());
     CSettings::setTemporarySettings(*store);
-    QCOMPARE(CSettings().value("resellerId", "vexa").toString(), QString("vexa"));
-    QVERIFY(CSettings().value("app_launched").isNull());
+    QCOMPARE(CSettings().value("resellerId", "vexa").toString(), reseller);
+    QCOMPARE(CSettings().value("app_launched").isNull(), reseller == "vexa");
+    CSettings().setValue("resellerId", "other");
+    QFile defaultsFile(defaults);
+    QVERIFY(defaultsFile.open(QIODevice::ReadOnly));
+    QCOMPARE(defaultsFile.readAll(), content);
 }
 
 void TestSettings::secondStoreTakesOverTheReportedPath()
@@ -306,7 +244,7 @@ void TestSettings::secondStoreTakesOverTheReportedPath()
 
 void TestSettings::storeChangesAreLogged()
 {
-    ScopedTestLogger logger;
+    UtilsDllTest::ScopedTestLogger logger;
     auto store = makeStore();
     CSettings::setTemporarySettings(*store);
     const QString path = store->tempSettingsPath();
@@ -316,10 +254,11 @@ void TestSettings::storeChangesAreLogged()
     installSystemStore();
     QCOMPARE(logger->linesAt('D'), QStringList{"Info: settings are now stored in system"});
 
-    CSettings unconnected; // made while no store was installed: never connected
+    // Each CSettings made while a store is installed reports its end, even one that ignores it.
+    CSettings unconnected;
     CSettings::setTemporarySettings(*store);
     CSettings connectedA;
-    CSettings connectedB(nullptr, true); // connected too, although it ignores the store
+    CSettings connectedB(nullptr, true);
     logger->clear();
     store.reset();
     const QStringList pair{"Temporary settings file is to be destoyed: " + path, "Persistent settings will be used"};
