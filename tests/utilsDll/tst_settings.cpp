@@ -74,10 +74,9 @@ private slots:
     void preferencesFileReads();
     void backendIsChosenOnEveryCall();
     void groupsAndArrays();
-    void everyWriteIsOnDiskBeforeReturning();
     void storeFiles_data();
     void storeFiles();
-    void secondStoreTakesOverTheReportedPath();
+    void everyWriteIsOnDiskAndOwnFile();
     void storeChangesAreLogged();
 
     // The launch state and preference accessors over the store.
@@ -111,28 +110,25 @@ void TestSettings::preferencesFileNeedsItsPath()
 void TestSettings::preferencesFileReads_data()
 {
     QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("present") << QByteArray("[General]\nlang=de\n") << "lang" << "de";
-    QTest::newRow("grouped") << QByteArray("[Paths]\nroot=/x\n") << "Paths/root" << "/x";
-    QTest::newRow("empty value reads as default") << QByteArray("[General]\nlang=\n") << "lang" << "fallback";
-    QTest::newRow("absent") << QByteArray("[General]\nother=1\n") << "lang" << "fallback";
-    QTest::newRow("binary garbage") << QByteArray("\x00\xff\xfe[\x01=\x02\n\x80\x81", 11) << "lang" << "fallback";
+    QTest::newRow("present") << QByteArray("[General]\nlang=de\n") << "de";
+    QTest::newRow("empty value reads as default") << QByteArray("[General]\nlang=\n") << "fallback";
+    QTest::newRow("absent") << QByteArray("[General]\nother=1\n") << "fallback";
+    QTest::newRow("binary garbage") << QByteArray("\x00\xff\xfe[\x01=\x02\n\x80\x81", 11) << "fallback";
 }
 
 void TestSettings::preferencesFileReads()
 {
     QFETCH(QByteArray, content);
-    QFETCH(QString, key);
     QFETCH(QString, expected);
     QTemporaryDir folder;
     QVERIFY(writeFile(folder.filePath("Preferences.ini"), content));
     Vexa::CStorageLocation::setPreferencesFilePath(folder.filePath("Preferences.ini"));
-    QCOMPARE(CSettings::getStringFromPreferencesFile(key, "fallback"), expected);
+    QCOMPARE(CSettings::getStringFromPreferencesFile("lang", "fallback"), expected);
 
     // A folder where the file should be cannot be read: defaults again.
     Vexa::CStorageLocation::setPreferencesFilePath(folder.path());
-    QCOMPARE(CSettings::getStringFromPreferencesFile(key, "fallback"), QString("fallback"));
+    QCOMPARE(CSettings::getStringFromPreferencesFile("lang", "fallback"), QString("fallback"));
 }
 
 void TestSettings::backendIsChosenOnEveryCall()
@@ -162,7 +158,7 @@ void TestSettings::backendIsChosenOnEveryCall()
 
 void TestSettings::groupsAndArrays()
 {
-    QSettings system("Vexa Labs", "Vexa Rectivo 3");
+    QSettings& system = systemStore();
     system.setValue("g/key", "prefixed");
     system.sync();
     auto store = makeStore();
@@ -207,23 +203,6 @@ void TestSettings::groupsAndArrays()
     QCOMPARE(system.value("g/key").toString(), QString("prefixed"));
 }
 
-void TestSettings::everyWriteIsOnDiskBeforeReturning()
-{
-    auto store = makeStore();
-    CSettings::setTemporarySettings(*store);
-    const QString path = store->tempSettingsPath();
-    for (int i = 0; i < 6; ++i) {
-        CSettings().setValue(QString("key%1").arg(i % 2), i);
-        QVERIFY2(fileText(path).contains(QString("key%1=%2").arg(i % 2).arg(i)), qPrintable(fileText(path)));
-        store->setValue("direct", i);
-        QVERIFY(fileText(path).contains(QString("direct=%1").arg(i)));
-    }
-    CSettings().remove("key0");
-    QVERIFY(!fileText(path).contains("key0="));
-    store->clear();
-    QVERIFY(!fileText(path).contains("key1="));
-}
-
 void TestSettings::storeFiles_data()
 {
     QTest::addColumn<QByteArray>("content");
@@ -239,7 +218,7 @@ void TestSettings::storeFiles()
     QFETCH(QByteArray, content);
     QFETCH(QString, reseller);
     // As the system store's file: unusable content reads as defaults.
-    QVERIFY(writeFile(QSettings("Vexa Labs", "Vexa Rectivo 3").fileName(), content));
+    QVERIFY(writeFile(systemStore().fileName(), content));
     QCOMPARE(CSettings().value("resellerId", "vexa").toString(), reseller);
 
     // As the defaults beside the anchor, it seeds the temporary store and stays untouched.
@@ -256,18 +235,27 @@ void TestSettings::storeFiles()
     QCOMPARE(defaultsFile.readAll(), content);
 }
 
-void TestSettings::secondStoreTakesOverTheReportedPath()
+void TestSettings::everyWriteIsOnDiskAndOwnFile()
 {
     auto first = makeStore();
+    CSettings::setTemporarySettings(*first);
     const QString firstPath = first->tempSettingsPath();
+    for (int i = 0; i < 3; ++i) {
+        CSettings().setValue("key", i);
+        QVERIFY2(fileText(firstPath).contains(QString("key=%1").arg(i)), qPrintable(fileText(firstPath)));
+    }
+    // A second store takes over the reported path, while each keeps writing its own file.
     auto second = makeStore();
     const QString secondPath = second->tempSettingsPath();
     QVERIFY(firstPath != secondPath);
     QCOMPARE(first->tempSettingsPath(), secondPath);
-
     first->setValue("owner", "first");
     QVERIFY(fileText(firstPath).contains("owner=first"));
     QVERIFY(!fileText(secondPath).contains("owner"));
+    CSettings().remove("key");
+    QVERIFY(!fileText(firstPath).contains("key="));
+    first->clear();
+    QVERIFY(!fileText(firstPath).contains("owner="));
 
     second->setSharedSettingsPath("/shared/elsewhere.ini");
     QCOMPARE(second->tempSettingsPath(), QString("/shared/elsewhere.ini"));
