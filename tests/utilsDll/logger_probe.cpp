@@ -9,9 +9,9 @@
 
 #include <QCoreApplication>
 #include <QStringList>
-#include <QThread>
 
 #include <iostream>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -31,29 +31,20 @@ public:
 
 const char* describe(Vexa::ILoggerInterface* logger, Vexa::ILoggerInterface* first, Vexa::ILoggerInterface* second)
 {
-    if (!logger)
-        return "null";
-    if (logger == first)
-        return "first";
-    if (logger == second)
-        return "second";
-    return "module";
+    return !logger ? "null" : logger == first ? "first" : logger == second ? "second" : "module";
 }
 
 void logFromThreads(int threadCount, int lineCount)
 {
-    std::vector<QThread*> threads;
+    std::vector<std::thread> threads;
     for (int t = 0; t < threadCount; ++t) {
-        threads.push_back(QThread::create([t, lineCount] {
+        threads.emplace_back([t, lineCount] {
             for (int i = 0; i < lineCount; ++i)
                 LOG_D("thread " << t << " line " << i << " " << QString("payload-%1").arg(i));
-        }));
-        threads.back()->start();
+        });
     }
-    for (QThread* thread : threads) {
-        thread->wait();
-        delete thread;
-    }
+    for (std::thread& thread : threads)
+        thread.join();
 }
 
 } // namespace

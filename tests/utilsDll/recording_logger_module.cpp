@@ -11,13 +11,10 @@
 namespace {
 
 void record(const char* format, ...) __attribute__((format(printf, 1, 2)));
-
 void record(const char* format, ...)
 {
     const char* path = std::getenv("UTILSDLL_RECORDING_LOGGER");
-    if (!path)
-        return;
-    FILE* file = std::fopen(path, "a");
+    FILE* file = path ? std::fopen(path, "a") : nullptr;
     if (!file)
         return;
     va_list args;

@@ -4,7 +4,6 @@
 
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QThread>
 #include <QTimer>
 
 #include <atomic>
@@ -35,7 +34,8 @@ public:
     {
         record(QString("nine %1 ").arg(a + b + c + d + e + f + g) + h + i);
     }
-    // Single shot: inactive inside, re-arms itself twice.
+    // Single shot: inactive inside, so it re-arms itself twice. Repeating: active
+    // inside, so it discards itself on the third call.
     Q_INVOKABLE void reArm()
     {
         activeInside = activeInside || CDelayedCall::isActive(this, "reArm");
@@ -43,7 +43,6 @@ public:
         if (calls.size() < 3)
             CDelayedCall::invoke(5, this, "reArm");
     }
-    // Repeating: active inside, discards itself on the third call.
     Q_INVOKABLE void repeat()
     {
         activeInside = CDelayedCall::isActive(this, "repeat");
@@ -63,14 +62,6 @@ private:
 
 std::atomic<int> CallTarget::s_allCalls{0};
 
-// Runs the current thread's event loop for about ms milliseconds.
-void spin(int ms)
-{
-    QEventLoop loop;
-    QTimer::singleShot(ms, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
 } // namespace
 
 class TestDelayedCall : public QObject
@@ -81,8 +72,7 @@ private slots:
     void argumentsOfSeveralTypes_data();
     void argumentsOfSeveralTypes();
     void delaysAndBadInput();
-    void discardOneOrAll();
-    void callsFromInsideTheCall();
+    void discardAndCallsFromInsideTheCall();
     void threadsKeepTheirOwnCalls();
 };
 
@@ -91,7 +81,7 @@ void TestDelayedCall::lastRequestWins()
     CallTarget target;
     target.clock.start();
     CDelayedCall::invoke(80, &target, "ping");
-    spin(40);
+    QTest::qWait(40);
     CDelayedCall::invoke(80, &target, "ping");
     QTRY_COMPARE_WITH_TIMEOUT(target.calls.size(), 1, 2000);
     // The delay ran afresh from the second request, at about 40 ms.
@@ -107,7 +97,7 @@ void TestDelayedCall::lastRequestWins()
     const QByteArray pingCopy("ping");
     CDelayedCall::invoke(20, &target, pingCopy.constData());
     QTRY_COMPARE(target.calls.size(), 3);
-    spin(40);
+    QTest::qWait(40);
     QCOMPARE(target.calls, (QStringList{"int 2", "ping", "pong"}));
 }
 
@@ -116,14 +106,12 @@ void TestDelayedCall::argumentsOfSeveralTypes_data()
     QTest::addColumn<QString>("method");
     QTest::addColumn<QVariantList>("arguments");
     QTest::addColumn<QString>("expected");
-
     QTest::newRow("int") << "withInt" << QVariantList{42} << "int 42";
     QTest::newRow("texts, list, double") << "withTexts" << QVariantList{QString("a b"), QStringList{"x", "y"}, 2.5}
                                          << "texts a b x+y 2.5";
     QTest::newRow("nine") << "withNine" << QVariantList{1, 2, 3, 4, 5, 6, 7, QByteArray("raw"), QString("!")}
                           << "nine 28 raw!";
-    // Parameter types must match the QVariant type names exactly: a double for an int
-    // finds no method, and nothing is called.
+    // Parameter types must match the QVariant type names exactly: nothing is called.
     QTest::newRow("type mismatch") << "withInt" << QVariantList{1.5} << "";
 }
 
@@ -132,22 +120,18 @@ void TestDelayedCall::argumentsOfSeveralTypes()
     QFETCH(QString, method);
     QFETCH(QVariantList, arguments);
     QFETCH(QString, expected);
-
     const QByteArray name = method.toLatin1();
     CallTarget target;
     const QVariantList& a = arguments;
-    switch (arguments.size()) {
-    case 1: CDelayedCall::invokeWithArgs(0, &target, name.constData(), a[0]); break;
-    case 3: CDelayedCall::invokeWithArgs(0, &target, name.constData(), a[0], a[1], a[2]); break;
-    case 9:
-        CDelayedCall::invokeWithArgs(0, &target, name.constData(), a[0], a[1], a[2], a[3], a[4], a[5], a[6], a[7],
-                                     a[8]);
-        break;
-    default: QFAIL("no overload chosen for this row");
-    }
+    if (a.size() == 1)
+        CDelayedCall::invokeWithArgs(0, &target, name.constData(), a[0]);
+    else if (a.size() == 3)
+        CDelayedCall::invokeWithArgs(0, &target, name.constData(), a[0], a[1], a[2]);
+    else
+        CDelayedCall::invokeWithArgs(0, &target, name.constData(), a[0], a[1], a[2], a[3], a[4], a[5], a[6], a[7], a[8]);
     if (expected.isEmpty())
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("QMetaObject::invokeMethod: No such method .*withInt"));
-    spin(20);
+    QTest::qWait(20);
     QCOMPARE(target.calls, expected.isEmpty() ? QStringList() : QStringList{expected});
 }
 
@@ -156,8 +140,7 @@ void TestDelayedCall::delaysAndBadInput()
     CallTarget target;
     // Delay 0: at the next pass of the event loop, never inside invoke.
     CDelayedCall::invoke(0, &target, "ping");
-    QVERIFY(target.calls.isEmpty());
-    QVERIFY(CDelayedCall::isActive(&target, "ping"));
+    QVERIFY(target.calls.isEmpty() && CDelayedCall::isActive(&target, "ping"));
     QTRY_COMPARE(target.calls, QStringList{"ping"});
     QVERIFY(!CDelayedCall::isActive(&target, "ping"));
 
@@ -171,12 +154,12 @@ void TestDelayedCall::delaysAndBadInput()
     CDelayedCall::invoke(0, &target, nullptr);
     CDelayedCall::invokeWithArgs(0, &target, nullptr, QVariant(1));
     CDelayedCall::discard(nullptr, nullptr);
-    QVERIFY(!CDelayedCall::isActive(nullptr, "ping"));
-    QVERIFY(!CDelayedCall::isActive(&target, nullptr));
-    spin(40);
+    QVERIFY(!CDelayedCall::isActive(nullptr, "ping") && !CDelayedCall::isActive(&target, nullptr));
+    QTest::qWait(40);
     QCOMPARE(target.calls, QStringList{"ping"});
 
-    // A target deleted while pending is not called, and its timer's expiry is harmless.
+    // A target deleted while pending is not called; its left-over repeating timer
+    // keeps waking and calls nothing.
     auto* single = new CallTarget;
     auto* repeating = new CallTarget;
     CDelayedCall::invoke(10, single, "ping");
@@ -184,45 +167,33 @@ void TestDelayedCall::delaysAndBadInput()
     const int callsBefore = CallTarget::s_allCalls;
     delete single;
     delete repeating;
-    // The left-over repeating timer keeps waking and calls nothing.
-    spin(40);
+    QTest::qWait(40);
     QCOMPARE(CallTarget::s_allCalls.load(), callsBefore);
 }
 
-void TestDelayedCall::discardOneOrAll()
+void TestDelayedCall::discardAndCallsFromInsideTheCall()
 {
     for (const char* method : {"ping", static_cast<const char*>(nullptr)}) {
-        CallTarget target;
-        CallTarget other;
+        CallTarget target, other;
         CDelayedCall::invoke(10, &target, "ping");
         CDelayedCall::invoke(10, &target, "pong");
         CDelayedCall::invoke(10, &other, "ping");
-        CDelayedCall::discard(&target, method);
+        CDelayedCall::discard(&target, method); // a null method discards all of the target's calls
         QVERIFY(!CDelayedCall::isActive(&target, "ping"));
         QCOMPARE(CDelayedCall::isActive(&target, "pong"), method != nullptr);
-        spin(40);
+        QTest::qWait(40);
         QCOMPARE(target.calls, method ? QStringList{"pong"} : QStringList());
         QCOMPARE(other.calls, QStringList{"ping"});
     }
-}
 
-void TestDelayedCall::callsFromInsideTheCall()
-{
-    CallTarget single;
+    CallTarget single, repeating;
     CDelayedCall::invoke(5, &single, "reArm", true);
-    QTRY_COMPARE(single.calls.size(), 3);
-    QVERIFY(!single.activeInside);
-    spin(30);
-    QCOMPARE(single.calls.size(), 3);
-
-    // A repeating call keeps firing, with its record in place, until discarded.
-    CallTarget repeating;
     CDelayedCall::invoke(5, &repeating, "repeat", false);
-    QTRY_COMPARE(repeating.calls.size(), 3);
-    QVERIFY(repeating.activeInside);
+    QTRY_COMPARE((QList<int>{single.calls.size(), repeating.calls.size()}), (QList<int>{3, 3}));
+    QVERIFY(!single.activeInside && repeating.activeInside);
     QVERIFY(!CDelayedCall::isActive(&repeating, "repeat"));
-    spin(30);
-    QCOMPARE(repeating.calls.size(), 3);
+    QTest::qWait(30);
+    QCOMPARE((QList<int>{single.calls.size(), repeating.calls.size()}), (QList<int>{3, 3}));
 }
 
 void TestDelayedCall::threadsKeepTheirOwnCalls()
@@ -231,8 +202,7 @@ void TestDelayedCall::threadsKeepTheirOwnCalls()
     std::vector<std::thread> threads;
     std::atomic<int> callsSeen{0};
     std::atomic<int> armed{0};
-    CallTarget shared; // lives on the main thread; armed from every worker
-
+    CallTarget shared; // lives here; armed from every worker
     for (int i = 0; i < threadCount; ++i) {
         threads.emplace_back([&, i] {
             QEventLoop loop; // gives this thread an event dispatcher for the timers
@@ -248,7 +218,7 @@ void TestDelayedCall::threadsKeepTheirOwnCalls()
         });
     }
     while (armed < threadCount)
-        QThread::yieldCurrentThread();
+        std::this_thread::yield();
     // Armed on every worker, unknown here; discarding here does not reach them.
     const bool activeHere = CDelayedCall::isActive(&shared, "withInt");
     CDelayedCall::discard(&shared, nullptr);

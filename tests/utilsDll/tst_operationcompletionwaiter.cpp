@@ -98,14 +98,10 @@ void TestOperationCompletionWaiter::misuseIsReported()
 
     // Null sender or signal: reported and passed over, with Qt's own warning.
     logger->clear();
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("QObject::connect.*"));
-    COperationCompletionWaiter noSender(nullptr, SIGNAL(finished()));
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("QObject::connect.*"));
-    COperationCompletionWaiter noSignal(&operation, nullptr);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("QObject::connect.*"));
-    COperationCompletionWaiterWithResult noResultSender(nullptr, SIGNAL(done(bool)));
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("QObject::connect.*"));
-    COperationCompletionWaiterWithResult noResultSignal(&operation, nullptr);
+    for (int i = 0; i < 4; ++i)
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("QObject::connect.*"));
+    COperationCompletionWaiter noSender(nullptr, SIGNAL(finished())), noSignal(&operation, nullptr);
+    COperationCompletionWaiterWithResult noResultSender(nullptr, SIGNAL(done(bool))), noResultSignal(&operation, nullptr);
     QCOMPARE(logger->linesAt('E'),
              (QStringList{waiterReport(16), waiterReport(17), waiterReport(43), waiterReport(44)}));
 

@@ -17,14 +17,8 @@ namespace {
 // may destroy the item while execute still runs.
 struct WorkState
 {
-    std::atomic<bool> release{false};
-    std::atomic<bool> throwInExecute{false};
-    std::atomic<int> slowTailMs{0};
-    std::atomic<int> executeCalls{0};
-    std::atomic<bool> pollingLeft{false};
-    std::atomic<bool> executeLeft{false};
-    std::atomic<int> beforeStoppedCalls{0};
-    std::atomic<int> stoppedCalls{0};
+    std::atomic<bool> release{false}, throwInExecute{false}, pollingLeft{false}, executeLeft{false};
+    std::atomic<int> slowTailMs{0}, executeCalls{0}, beforeStoppedCalls{0}, stoppedCalls{0};
 };
 
 // Works until released or stopped, polling stopRequired.
@@ -84,7 +78,6 @@ private slots:
     void poolRunsItemsUntilStopped();
     void stopBeforeRun_data();
     void stopBeforeRun();
-    void stopTakesEffectOnce();
     void sectionAroundExecute();
     void interruptedThreadSeesStopRequired();
     void destructorWaitsForExecute();
@@ -111,18 +104,15 @@ void TestRunnableItem::poolRunsItemsUntilStopped()
         QVERIFY(item->isStarted() && !item->isFinished());
         item->stop();
     }
-    // Another thread waits for the finish.
-    std::thread watcher([&] {
+    std::thread watcher([&] { // another thread waits for the finish
         for (PollingItem* item : items)
             item->waitFinishBlocking();
     });
     watcher.join();
     QVERIFY(pool.waitForDone(5000));
     for (int i = 0; i < itemCount; ++i) {
-        QTRY_COMPARE(finishedArguments[i].size(), 1);
-        QCOMPARE(finishedArguments[i].first(), (QVariantList{false, true}));
-        QCOMPARE(states[i].stoppedCalls.load(), 1);
-        QVERIFY(items[i]->isFinished());
+        QTRY_COMPARE(finishedArguments[i], QList<QVariantList>{(QVariantList{false, true})});
+        QVERIFY(states[i].stoppedCalls == 1 && items[i]->isFinished());
     }
     qDeleteAll(items);
 }
@@ -146,6 +136,8 @@ void TestRunnableItem::stopBeforeRun()
     QVERIFY(item.isFinished() && !item.isStarted() && !item.stopRequired());
     item.waitFinishBlocking();
 
+    // A second stop changes nothing: hooks and signal once.
+    item.stop();
     item.stop();
     QCOMPARE(state.beforeStoppedCalls.load(), 1);
     QCOMPARE(state.stoppedCalls.load(), 1);
@@ -157,7 +149,8 @@ void TestRunnableItem::stopBeforeRun()
     QCOMPARE(state.executeCalls.load(), 0);
     QCOMPARE(started.count() + finished.count(), 0);
 
-    // Clearing the flag readies the item again; a released run then goes all the way.
+    // Clearing the flag readies the item again; a released run then goes all the way,
+    // and finishing by itself calls no hook.
     item.setStopFlag(false);
     state.release = true;
     item.run();
@@ -166,25 +159,11 @@ void TestRunnableItem::stopBeforeRun()
     QCOMPARE(finished.count(), emitting ? 1 : 0);
     if (emitting)
         QCOMPARE(finished.first(), (QVariantList{true, false}));
-}
-
-void TestRunnableItem::stopTakesEffectOnce()
-{
-    WorkState state;
-    state.release = true;
-    PollingItem item(state);
-    QSignalSpy wantsToStop(&item, &CQRunnableItem::wantsToStop);
-    item.run();
-    QCOMPARE(state.stoppedCalls.load(), 0); // finishing by itself calls no hook
-    item.stop();
-    item.stop();
-    QCOMPARE(state.beforeStoppedCalls.load(), 1);
-    QCOMPARE(state.stoppedCalls.load(), 1);
-    QCOMPARE(wantsToStop.count(), 1);
+    QCOMPARE(state.stoppedCalls + state.beforeStoppedCalls, 2);
 
     // An override that answers no has the last word: flag set, no signal, one hook.
     WorkState stubbornState;
-    StubbornItem stubborn(stubbornState);
+    StubbornItem stubborn(stubbornState, emitting);
     QSignalSpy stubbornWantsToStop(&stubborn, &CQRunnableItem::wantsToStop);
     stubborn.stop();
     QVERIFY(stubborn.flag() && stubbornWantsToStop.isEmpty());
@@ -244,32 +223,32 @@ void TestRunnableItem::destructorWaitsForExecute()
     item->stop();
     while (!state.pollingLeft)
         QThread::yieldCurrentThread();
-    // The destructor spins until execute's slow tail has left the section.
-    delete item;
+    delete item; // spins until execute's slow tail has left the section
     QVERIFY(state.executeLeft);
     runner.join();
 }
 
 void TestRunnableItem::waitsFromGuiThreadPumpEvents()
 {
+    // The release comes from this thread's own timer: only a pumping wait sees it,
+    // also with input excluded.
     WorkState state;
     PollingItem item(state);
     QThreadPool pool;
-    // The release comes from this thread's own timer: only a pumping wait sees it.
-    QTimer::singleShot(30, &item, [&] { state.release = true; });
-    pool.start(&item);
-    item.waitExecuteNonBlocking(false);
-    QVERIFY(state.executeLeft && pool.waitForDone(5000));
-
-    // Again, with input excluded: timers still run during both waits.
-    state.release = false;
-    state.executeLeft = false;
-    QTimer::singleShot(30, &item, [&] { state.release = true; });
-    pool.start(&item);
-    item.waitStartNonBlocking(true);
-    item.waitFinishNonBlocking(true);
-    QVERIFY(state.executeLeft);
-    QVERIFY(pool.waitForDone(5000));
+    for (bool excludeUserInput : {false, true}) {
+        state.release = false;
+        state.executeLeft = false;
+        QTimer::singleShot(30, &item, [&] { state.release = true; });
+        pool.start(&item);
+        if (excludeUserInput) {
+            item.waitStartNonBlocking(true);
+            item.waitFinishNonBlocking(true);
+        } else {
+            item.waitExecuteNonBlocking(false);
+        }
+        QVERIFY(state.executeLeft);
+        QVERIFY(pool.waitForDone(5000));
+    }
 }
 
 UTILSDLL_TEST_MAIN(TestRunnableItem)

@@ -2,20 +2,21 @@
 #include "TestLogger.h"
 
 #include "Settings.h"
+#include "SharedUtils.h"
 #include "TemporarySettings.h"
 #include "storageLocation.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QTemporaryDir>
 
 #include <memory>
 #include <stdexcept>
 
-using Vexa::CSettings;
-using UtilsDllTest::ScopedTestLogger;
+using namespace Vexa;
 
 namespace {
 
@@ -26,22 +27,29 @@ __attribute__((no_sanitize("undefined"))) void installSystemStore()
     CSettings::setTemporarySettings(*static_cast<CTemporarySettings*>(nullptr));
 }
 
-QString systemStoreFile()
+QSettings& systemStore()
 {
-    return QSettings("Vexa Labs", "Vexa Rectivo 3").fileName();
+    static QSettings store("Vexa Labs", "Vexa Rectivo 3");
+    return store;
 }
 
-// Reads the ini file as text, bypassing QSettings and its per-process cache.
+// Read as text, bypassing QSettings and its per-process cache.
 QString fileText(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-std::unique_ptr<CTemporarySettings> makeStore(const QString& anchorFolder = QString())
+bool writeFile(const QString& path, const QByteArray& content)
 {
-    const QString anchor = (anchorFolder.isEmpty() ? QDir::tempPath() : anchorFolder) + "/anchor.exe";
-    return std::make_unique<CTemporarySettings>(anchor.toUtf8().constData());
+    QFile file(path);
+    return QDir().mkpath(QFileInfo(path).absolutePath()) && file.open(QIODevice::WriteOnly)
+        && file.write(content) == content.size();
+}
+
+std::unique_ptr<CTemporarySettings> makeStore(const QString& anchorFolder = QDir::tempPath())
+{
+    return std::make_unique<CTemporarySettings>((anchorFolder + "/anchor.exe").toUtf8().constData());
 }
 
 } // namespace
@@ -50,78 +58,77 @@ class TestSettings : public QObject
 {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        systemStore().clear();
+        systemStore().sync();
+    }
+    void cleanup()
+    {
+        installSystemStore();
+        m_store.reset();
+    }
 
-    void preferencesFileNeedsItsPath();
+    void preferencesFileNeedsItsPath(); // must run first
     void preferencesFileReads_data();
     void preferencesFileReads();
     void backendIsChosenOnEveryCall();
-    void groupsInTheTemporaryStore();
-    void groupLeftSetAfterTheStoreIsGone();
-    void arraysGoToTheActiveStore();
-    void everyWriteIsOnDiskBeforeReturning();
-    void storeIsSeededFromTheDefaultsFile();
-    void unusableStoreFilesGiveDefaults_data();
-    void unusableStoreFilesGiveDefaults();
-    void secondStoreTakesOverTheReportedPath();
+    void groupsAndArrays();
+    void storeFiles_data();
+    void storeFiles();
+    void everyWriteIsOnDiskAndOwnFile();
     void storeChangesAreLogged();
+
+    // The launch state and preference accessors over the store.
+    void firstLaunchAndCrashCounters();
+    void userIdIsSharedAndStable();
+    void reseller_data();
+    void reseller();
+    void flagRule_data();
+    void flagRule();
+    void setters();
+
+private:
+    void useTemporaryStore()
+    {
+        m_store = makeStore();
+        CSettings::setTemporarySettings(*m_store);
+    }
+    std::unique_ptr<CTemporarySettings> m_store;
 };
-
-void TestSettings::init()
-{
-    QSettings("Vexa Labs", "Vexa Rectivo 3").clear();
-}
-
-void TestSettings::cleanup()
-{
-    installSystemStore();
-}
 
 void TestSettings::preferencesFileNeedsItsPath()
 {
-    // Before any setPreferencesFilePath: this must be the first test function.
-    for (const QString& key : {QString("anything"), QString()}) {
-        try {
-            CSettings::getStringFromPreferencesFile(key, "default");
-            QFAIL("no exception for an unset preferences path");
-        } catch (const std::runtime_error& error) {
-            QCOMPARE(QString(error.what()), QString("Preferences file path not set"));
-        }
+    try {
+        CSettings::getStringFromPreferencesFile("anything", "default");
+        QFAIL("no exception for an unset preferences path");
+    } catch (const std::runtime_error& error) {
+        QCOMPARE(QString(error.what()), QString("Preferences file path not set"));
     }
 }
 
 void TestSettings::preferencesFileReads_data()
 {
     QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("present") << QByteArray("[General]\nlang=de\n") << "lang" << "de";
-    QTest::newRow("grouped") << QByteArray("[Paths]\nroot=/x\n") << "Paths/root" << "/x";
-    QTest::newRow("empty value reads as default") << QByteArray("[General]\nlang=\n") << "lang" << "fallback";
-    QTest::newRow("absent") << QByteArray("[General]\nother=1\n") << "lang" << "fallback";
-    QTest::newRow("empty file") << QByteArray() << "lang" << "fallback";
-    QTest::newRow("binary garbage") << QByteArray("\x00\xff\xfe[\x01=\x02\n\x80\x81", 11) << "lang" << "fallback";
+    QTest::newRow("present") << QByteArray("[General]\nlang=de\n") << "de";
+    QTest::newRow("empty value reads as default") << QByteArray("[General]\nlang=\n") << "fallback";
+    QTest::newRow("absent") << QByteArray("[General]\nother=1\n") << "fallback";
+    QTest::newRow("binary garbage") << QByteArray("\x00\xff\xfe[\x01=\x02\n\x80\x81", 11) << "fallback";
 }
 
 void TestSettings::preferencesFileReads()
 {
     QFETCH(QByteArray, content);
-    QFETCH(QString, key);
     QFETCH(QString, expected);
     QTemporaryDir folder;
-    const QString path = folder.filePath("Preferences.ini");
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-    file.close();
-
-    Vexa::CStorageLocation::setPreferencesFilePath(path);
-    QCOMPARE(CSettings::getStringFromPreferencesFile(key, "fallback"), expected);
+    QVERIFY(writeFile(folder.filePath("Preferences.ini"), content));
+    Vexa::CStorageLocation::setPreferencesFilePath(folder.filePath("Preferences.ini"));
+    QCOMPARE(CSettings::getStringFromPreferencesFile("lang", "fallback"), expected);
 
     // A folder where the file should be cannot be read: defaults again.
     Vexa::CStorageLocation::setPreferencesFilePath(folder.path());
-    QCOMPARE(CSettings::getStringFromPreferencesFile(key, "fallback"), QString("fallback"));
+    QCOMPARE(CSettings::getStringFromPreferencesFile("lang", "fallback"), QString("fallback"));
 }
 
 void TestSettings::backendIsChosenOnEveryCall()
@@ -132,9 +139,8 @@ void TestSettings::backendIsChosenOnEveryCall()
 
     auto store = makeStore();
     CSettings::setTemporarySettings(*store);
-    QVERIFY(CSettings().usingTemporarySettings());
-    QVERIFY(!CSettings(nullptr, true).usingTemporarySettings());
     QVERIFY(builtBefore.usingTemporarySettings());
+    QVERIFY(!CSettings(nullptr, true).usingTemporarySettings());
     QCOMPARE(builtBefore.value("where", "absent").toString(), QString("absent"));
     QCOMPARE(CSettings(nullptr, true).value("where").toString(), QString("system"));
 
@@ -150,153 +156,106 @@ void TestSettings::backendIsChosenOnEveryCall()
     QCOMPARE(builtDuring.value("where").toString(), QString("system"));
 }
 
-void TestSettings::groupsInTheTemporaryStore()
+void TestSettings::groupsAndArrays()
 {
+    QSettings& system = systemStore();
+    system.setValue("g/key", "prefixed");
+    system.sync();
     auto store = makeStore();
     CSettings::setTemporarySettings(*store);
     CSettings settings;
     QCOMPARE(settings.localKey("key"), QString("key"));
-
     settings.beginGroup("outer");
-    settings.beginGroup("prefix"); // replaces, does not nest
-    QCOMPARE(settings.group(), QString("prefix"));
-    QCOMPARE(settings.localKey("key"), QString("prefix/key"));
+    settings.beginGroup("g"); // replaces, does not nest
+    QCOMPARE(settings.localKey("key"), QString("g/key"));
 
+    // The group prefixes writes only: reads and contains take the key as given.
     settings.setValue("key", 1);
     QVERIFY(settings.contains("key"));
-    QCOMPARE(settings.value("key", 7).toInt(), 7);          // looked up without the prefix
-    QCOMPARE(settings.value("prefix/key", 7).toInt(), 1);
-    QCOMPARE(store->value("prefix/key").toInt(), 1);
-
+    QCOMPARE(settings.value("key", 7).toInt(), 7);
+    QCOMPARE(settings.value("g/key", 7).toInt(), 1);
     settings.remove("key");
-    QVERIFY(!store->contains("prefix/key"));
+    QVERIFY(!store->contains("g/key"));
 
+    // Arrays go to the active store.
     settings.endGroup();
     QCOMPARE(settings.group(), QString());
-    // Nothing of the groups reached the system store.
-    QCOMPARE(QSettings("Vexa Labs", "Vexa Rectivo 3").group(), QString());
-}
-
-void TestSettings::groupLeftSetAfterTheStoreIsGone()
-{
-    {
-        QSettings system("Vexa Labs", "Vexa Rectivo 3");
-        system.setValue("g/key", "prefixed");
-        system.setValue("key", "plain");
-    }
-    auto store = makeStore();
-    CSettings::setTemporarySettings(*store);
-    CSettings settings;
-    settings.beginGroup("g");
-    store.reset();
-
-    QVERIFY(!settings.usingTemporarySettings());
-    QCOMPARE(settings.value("key").toString(), QString("prefixed"));
-    settings.setValue("key", "written");
-    settings.sync();
-    QSettings system("Vexa Labs", "Vexa Rectivo 3");
-    QCOMPARE(system.value("key").toString(), QString("written"));
-    QCOMPARE(system.value("g/key").toString(), QString("prefixed"));
-}
-
-void TestSettings::arraysGoToTheActiveStore()
-{
-    auto store = makeStore();
-    CSettings::setTemporarySettings(*store);
-    {
-        CSettings settings;
-        settings.beginWriteArray("recent", 2);
-        for (int i = 0; i < 2; ++i) {
-            settings.setArrayIndex(i);
-            settings.setValue("file", QString("f%1").arg(i));
-        }
-        settings.endArray();
-        settings.sync();
-    }
+    settings.beginWriteArray("recent", 2);
+    settings.setArrayIndex(1);
+    settings.setValue("file", "f1");
+    settings.endArray();
     CSettings reader;
     QCOMPARE(reader.beginReadArray("recent"), 2);
     reader.setArrayIndex(1);
     QCOMPARE(reader.value("file").toString(), QString("f1"));
     reader.endArray();
-    QVERIFY(!QSettings("Vexa Labs", "Vexa Rectivo 3").contains("recent/size"));
+    system.sync();
+    QVERIFY(!system.contains("recent/size"));
+
+    // A group left set when the store goes: reads are prefixed against the system store, writes are not.
+    settings.beginGroup("g");
+    store.reset();
+    QCOMPARE(settings.value("key").toString(), QString("prefixed"));
+    settings.setValue("key", "written");
+    settings.sync();
+    system.sync();
+    QCOMPARE(system.value("key").toString(), QString("written"));
+    QCOMPARE(system.value("g/key").toString(), QString("prefixed"));
 }
 
-void TestSettings::everyWriteIsOnDiskBeforeReturning()
-{
-    auto store = makeStore();
-    CSettings::setTemporarySettings(*store);
-    const QString path = store->tempSettingsPath();
-    CSettings settings;
-    for (int i = 0; i < 40; ++i) {
-        settings.setValue(QString("key%1").arg(i % 5), i);
-        QVERIFY2(fileText(path).contains(QString("key%1=%2").arg(i % 5).arg(i)), qPrintable(fileText(path)));
-        store->setValue("direct", i);
-        QVERIFY(fileText(path).contains(QString("direct=%1").arg(i)));
-    }
-    settings.remove("key0");
-    QVERIFY(!fileText(path).contains("key0="));
-    store->clear();
-    QVERIFY(!fileText(path).contains("key1="));
-}
-
-void TestSettings::storeIsSeededFromTheDefaultsFile()
-{
-    QTemporaryDir anchorFolder;
-    QFile defaults(anchorFolder.filePath("DefaultTemporarySettings.ini"));
-    QVERIFY(defaults.open(QIODevice::WriteOnly));
-    defaults.write("[General]\napp_launched=1\nresellerId=shop\n");
-    defaults.close();
-
-    auto store = makeStore(anchorFolder.path());
-    CSettings::setTemporarySettings(*store);
-    QCOMPARE(CSettings().value("resellerId").toString(), QString("shop"));
-    // The defaults file itself is left alone.
-    CSettings().setValue("resellerId", "other");
-    QVERIFY(fileText(defaults.fileName()).contains("resellerId=shop"));
-}
-
-void TestSettings::unusableStoreFilesGiveDefaults_data()
+void TestSettings::storeFiles_data()
 {
     QTest::addColumn<QByteArray>("content");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("garbage") << QByteArray("\xff\xfe\x00[[[=\n=\n\x80", 12);
-    QTest::newRow("truncated section") << QByteArray("[Gener");
+    QTest::addColumn<QString>("reseller");
+    QTest::newRow("seeded") << QByteArray("[General]\napp_launched=1\nresellerId=shop\n") << "shop";
+    QTest::newRow("empty") << QByteArray() << "vexa";
+    QTest::newRow("garbage") << QByteArray("\xff\xfe\x00[[[=\n=\n\x80", 12) << "vexa";
+    QTest::newRow("truncated section") << QByteArray("[Gener") << "vexa";
 }
 
-void TestSettings::unusableStoreFilesGiveDefaults()
+void TestSettings::storeFiles()
 {
     QFETCH(QByteArray, content);
-    const QString systemFile = systemStoreFile();
-    QVERIFY(QDir().mkpath(QFileInfo(systemFile).absolutePath()));
-    QFile file(systemFile);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-    file.close();
-    QCOMPARE(CSettings().value("resellerId", "vexa").toString(), QString("vexa"));
+    QFETCH(QString, reseller);
+    // As the system store's file: unusable content reads as defaults.
+    QVERIFY(writeFile(systemStore().fileName(), content));
+    QCOMPARE(CSettings().value("resellerId", "vexa").toString(), reseller);
 
+    // As the defaults beside the anchor, it seeds the temporary store and stays untouched.
     QTemporaryDir anchorFolder;
-    QFile defaults(anchorFolder.filePath("DefaultTemporarySettings.ini"));
-    QVERIFY(defaults.open(QIODevice::WriteOnly));
-    defaults.write(content);
-    defaults.close();
+    const QString defaults = anchorFolder.filePath("DefaultTemporarySettings.ini");
+    QVERIFY(writeFile(defaults, content));
     auto store = makeStore(anchorFolder.path());
     CSettings::setTemporarySettings(*store);
-    QCOMPARE(CSettings().value("resellerId", "vexa").toString(), QString("vexa"));
-    QVERIFY(CSettings().value("app_launched").isNull());
+    QCOMPARE(CSettings().value("resellerId", "vexa").toString(), reseller);
+    QCOMPARE(CSettings().value("app_launched").isNull(), reseller == "vexa");
+    CSettings().setValue("resellerId", "other");
+    QFile defaultsFile(defaults);
+    QVERIFY(defaultsFile.open(QIODevice::ReadOnly));
+    QCOMPARE(defaultsFile.readAll(), content);
 }
 
-void TestSettings::secondStoreTakesOverTheReportedPath()
+void TestSettings::everyWriteIsOnDiskAndOwnFile()
 {
     auto first = makeStore();
+    CSettings::setTemporarySettings(*first);
     const QString firstPath = first->tempSettingsPath();
+    for (int i = 0; i < 3; ++i) {
+        CSettings().setValue("key", i);
+        QVERIFY2(fileText(firstPath).contains(QString("key=%1").arg(i)), qPrintable(fileText(firstPath)));
+    }
+    // A second store takes over the reported path, while each keeps writing its own file.
     auto second = makeStore();
     const QString secondPath = second->tempSettingsPath();
     QVERIFY(firstPath != secondPath);
     QCOMPARE(first->tempSettingsPath(), secondPath);
-
     first->setValue("owner", "first");
     QVERIFY(fileText(firstPath).contains("owner=first"));
     QVERIFY(!fileText(secondPath).contains("owner"));
+    CSettings().remove("key");
+    QVERIFY(!fileText(firstPath).contains("key="));
+    first->clear();
+    QVERIFY(!fileText(firstPath).contains("owner="));
 
     second->setSharedSettingsPath("/shared/elsewhere.ini");
     QCOMPARE(second->tempSettingsPath(), QString("/shared/elsewhere.ini"));
@@ -306,7 +265,7 @@ void TestSettings::secondStoreTakesOverTheReportedPath()
 
 void TestSettings::storeChangesAreLogged()
 {
-    ScopedTestLogger logger;
+    UtilsDllTest::ScopedTestLogger logger;
     auto store = makeStore();
     CSettings::setTemporarySettings(*store);
     const QString path = store->tempSettingsPath();
@@ -316,15 +275,153 @@ void TestSettings::storeChangesAreLogged()
     installSystemStore();
     QCOMPARE(logger->linesAt('D'), QStringList{"Info: settings are now stored in system"});
 
-    CSettings unconnected; // made while no store was installed: never connected
+    // Each CSettings made while a store is installed reports its end, even one that ignores it.
+    CSettings unconnected;
     CSettings::setTemporarySettings(*store);
     CSettings connectedA;
-    CSettings connectedB(nullptr, true); // connected too, although it ignores the store
+    CSettings connectedB(nullptr, true);
     logger->clear();
     store.reset();
     const QStringList pair{"Temporary settings file is to be destoyed: " + path, "Persistent settings will be used"};
     QCOMPARE(logger->linesAt('D'), pair + pair);
     QVERIFY(logger->linesAt('E').isEmpty());
+}
+
+void TestSettings::firstLaunchAndCrashCounters()
+{
+    QVERIFY(isFirstLaunch());
+    setNotFirstLaunch();
+    QVERIFY(!isFirstLaunch());
+    systemStore().setValue("app_launched", 0); // presence counts, not the value
+    QVERIFY(!isFirstLaunch());
+
+    QCOMPARE(crashCounterForPlugin("PS"), 0);
+    QCOMPARE(getLastLaunchMode(), QString());
+    incrementCrashCounter(); // no mode stored: the bare key
+    QVERIFY(CSettings().contains("crashCounter_"));
+    setLastLaunchMode("PS");
+    QCOMPARE(getLastLaunchMode(), QString("PS"));
+    incrementCrashCounter();
+    incrementCrashCounter();
+    QCOMPARE(crashCounterForPlugin("PS"), 2);
+    QCOMPARE(crashCounterForPlugin("LR"), 0);
+    crashCounterReset("PS");
+    QVERIFY(!CSettings().contains("crashCounter_PS"));
+    QCOMPARE(crashCounterForPlugin(""), 1);
+    setLastLaunchMode("any text at all"); // not checked against the known modes
+    incrementCrashCounter();
+    QCOMPARE(crashCounterForPlugin("any text at all"), 1);
+
+    // A temporary store starts as a first launch, however often the product ran.
+    useTemporaryStore();
+    QVERIFY(isFirstLaunch());
+    QCOMPARE(crashCounterForPlugin("any text at all"), 0);
+    setNotFirstLaunch();
+    QVERIFY(!isFirstLaunch());
+}
+
+void TestSettings::userIdIsSharedAndStable()
+{
+    const QString makerStoreFile = qEnvironmentVariable("XDG_CONFIG_HOME") + "/VexaLabs.conf";
+    QVERIFY(!QFileInfo::exists(makerStoreFile));
+    useTemporaryStore();
+    const QString id = getUserID();
+    QVERIFY(QRegularExpression("^[0-9a-f]{8}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{12}$").match(id).hasMatch());
+    QCOMPARE(getUserID(), id);
+    // In the maker's own store, in neither the product's nor the temporary one.
+    QCOMPARE(QSettings(makerStoreFile, QSettings::IniFormat).value("UserID").toString(), id);
+    QVERIFY(!m_store->contains("UserID") && !systemStore().contains("UserID"));
+    installSystemStore();
+    QCOMPARE(getUserID(), id);
+}
+
+void TestSettings::reseller_data()
+{
+    QTest::addColumn<bool>("store");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("absent") << false << "vexa";
+    QTest::newRow("VEXA_RESELLER_ID_PLACEHOLDER") << true << "vexa";
+    QTest::newRow("vexa_reseller_id_placeholder") << true << "vexa_reseller_id_placeholder";
+    QTest::newRow("partner-42") << true << "partner-42";
+    QTest::newRow("") << true << "";
+}
+
+void TestSettings::reseller()
+{
+    QFETCH(bool, store);
+    QFETCH(QString, expected);
+    if (store)
+        setResellerID(QTest::currentDataTag());
+    QCOMPARE(getResellerID(), expected);
+    if (store) // the placeholder is reported as "vexa" but stays stored
+        QCOMPARE(CSettings().value("resellerId").toString(), QString(QTest::currentDataTag()));
+}
+
+void TestSettings::flagRule_data()
+{
+    QTest::addColumn<QVariant>("stored");
+    QTest::addColumn<bool>("expected");
+    QTest::newRow("absent") << QVariant() << true;
+    QTest::newRow("text 0") << QVariant("0") << false;
+    QTest::newRow("integer 0") << QVariant(0) << false;
+    QTest::newRow("text 1") << QVariant("1") << true;
+    QTest::newRow("false") << QVariant("false") << true;
+    QTest::newRow("empty") << QVariant("") << true;
+    QTest::newRow("boolean false") << QVariant(false) << true;
+    QTest::newRow("00") << QVariant("00") << true;
+}
+
+void TestSettings::flagRule()
+{
+    QFETCH(QVariant, stored);
+    QFETCH(bool, expected);
+    for (const char* key : {"UseActionSave", "loggerEnabled", "VexaSendStat", "VexaSentCrashReport"}) {
+        if (stored.isValid())
+            systemStore().setValue(key, stored);
+    }
+    systemStore().sync();
+    QCOMPARE(useActionSave(), expected);
+    QCOMPARE(isLoggerEnabled(), expected);
+    QCOMPARE(isStatisticSent(), expected);
+    QCOMPARE(crashReportSendingAllowed(), expected);
+    QCOMPARE(getLogLevel(), QString("D"));
+}
+
+void TestSettings::setters()
+{
+    // The setters store "0" and "1"; the statistics and crash flags follow the active store.
+    for (bool temporary : {false, true}) {
+        if (temporary)
+            useTemporaryStore();
+        QVERIFY(isStatisticSent() && crashReportSendingAllowed()); // on when absent
+        for (bool on : {false, true}) {
+            setStatisticSent(on);
+            allowCrashReportSending(on);
+            QCOMPARE(CSettings().value("VexaSendStat").toString(), QString(on ? "1" : "0"));
+            QCOMPARE(CSettings().value("VexaSentCrashReport").toString(), QString(on ? "1" : "0"));
+            QCOMPARE(isStatisticSent(), on);
+            QCOMPARE(crashReportSendingAllowed(), on);
+        }
+        setStatisticSent(false); // left off in the system store for the temporary round
+    }
+
+    // The logger keys and UseActionSave are read from the system store only, while the
+    // setters write to the active one: under a temporary store a write is not seen.
+    cleanup();
+    setLogLevel("E");
+    setLoggerEnabled(false);
+    QCOMPARE(getLogLevel(), QString("E"));
+    QVERIFY(!isLoggerEnabled());
+    QCOMPARE(systemStore().value("loggerEnabled").toString(), QString("0"));
+    useTemporaryStore();
+    setLogLevel("W");
+    setLoggerEnabled(true);
+    QCOMPARE(m_store->value("loggerLevel").toString(), QString("W"));
+    QCOMPARE(m_store->value("loggerEnabled").toString(), QString("1"));
+    QCOMPARE(getLogLevel(), QString("E"));
+    QVERIFY(!isLoggerEnabled());
+    m_store->setValue("UseActionSave", "0");
+    QVERIFY(useActionSave());
 }
 
 UTILSDLL_TEST_MAIN(TestSettings)
