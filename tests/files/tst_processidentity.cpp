@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 #include <cstring>
@@ -129,6 +130,7 @@ void TestProcessIdentity::processNamesAndUnknownVersions()
     QProcess process;
     process.start(host, QStringList() << "30");
     QVERIFY(process.waitForStarted());
+    const auto stop = qScopeGuard([&process] { process.kill(); process.waitForFinished(); });
 
     const auto find = [](const QString& name) {
         return QString::fromStdWString(processImagePath([&name](const std::wstring& baseName) {
