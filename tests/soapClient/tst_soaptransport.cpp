@@ -283,10 +283,13 @@ void TestSoapTransport::replies()
     const QtSoapMessage& response = transport.getResponse();
     QCOMPARE(response.faultCode(), code);
     QCOMPARE(response.isFault(), code != QtSoapMessage::Other);
+    const QString faultString = response.faultString().toString();
     if (text.isEmpty())
-        QVERIFY2(!response.faultString().isValid(), qPrintable(response.faultString().toString()));
+        QVERIFY2(!response.faultString().isValid(), qPrintable(faultString));
+    else if (text.endsWith(QLatin1Char(' '))) // Qt's own error text follows
+        QVERIFY2(faultString.startsWith(text), qPrintable(faultString));
     else
-        QVERIFY2(response.faultString().toString().startsWith(text), qPrintable(response.faultString().toString()));
+        QCOMPARE(faultString, text);
     QCOMPARE(response.returnValue().name().name(), returnName);
 }
 
