@@ -70,35 +70,16 @@ QStringList treeBelow(const QString& root)
     return entries;
 }
 
-QByteArray patternedData(int size, quint32 seed)
+// Pseudo-random bytes; with `letters`, from a small alphabet that deflates to about
+// half, so that a deflated entry has a long stream.
+QByteArray patternedData(int size, quint32 seed, bool letters = false)
 {
     QByteArray data(size, Qt::Uninitialized);
     for (int i = 0; i < size; ++i) {
         seed = seed * 1664525u + 1013904223u;
-        data[i] = char(seed >> 24);
+        data[i] = letters ? char('a' + ((seed >> 24) % 16)) : char(seed >> 24);
     }
     return data;
-}
-
-// Letters from a small alphabet: deflates to about half, so the stream is long.
-QByteArray letterData(int size, quint32 seed)
-{
-    QByteArray data = patternedData(size, seed);
-    for (char& byte : data)
-        byte = char('a' + (uchar(byte) % 16));
-    return data;
-}
-
-// Flips bytes in the middle of the first occurrence of marker in the archive.
-bool corruptArchiveAt(const QString& archive, const QByteArray& marker)
-{
-    QByteArray bytes = readFile(archive);
-    const int at = bytes.indexOf(marker);
-    if (at < 0)
-        return false;
-    for (int i = 0; i < 16; ++i)
-        bytes[at + marker.size() / 2 + i] = char(bytes[at + marker.size() / 2 + i] ^ 0x5A);
-    return writeFile(archive, bytes);
 }
 
 bool plainDecompress(const QString& archive, const QString& directory)
@@ -115,9 +96,7 @@ class TestArchiveHelpers : public QObject
 private slots:
     void init();
     void compressAndDecompressRoundTrip();
-    void namespaceDecompressCreatesTarget();
     void plainDecompressReportsEachEntry();
-    void plainDecompressFailsOnBadArchives();
     void hostileEntriesStayInside_data();
     void hostileEntriesStayInside();
     void existingLinkInTargetIsNotFollowed();
@@ -162,10 +141,8 @@ void TestArchiveHelpers::compressAndDecompressRoundTrip()
     QCOMPARE(readFile(second + "/image.raw"), binary);
 
     QVERIFY(!CompressFiles(QStringList() << sources.filePath("missing.txt"), m_base->filePath("other.zip")));
-}
 
-void TestArchiveHelpers::namespaceDecompressCreatesTarget()
-{
+    // The namespace function makes the target even when there is nothing to unpack.
     const QString target = m_base->filePath("new/deeper");
     VEXA_NAMESPACE::DecompressFiles(m_base->filePath("missing.zip"), target);
     QVERIFY(QFileInfo(target).isDir());
@@ -189,10 +166,9 @@ void TestArchiveHelpers::plainDecompressReportsEachEntry()
     QVERIFY(makeArchive(m_archive, {{"a.txt", "a"}, {"b/c.txt", "c"}}));
     QVERIFY(plainDecompress(m_archive, clean));
     QCOMPARE(treeBelow(clean), QStringList() << "a.txt" << "b" << "b/c.txt");
-}
 
-void TestArchiveHelpers::plainDecompressFailsOnBadArchives()
-{
+    // Archives that cannot be read at all.
+    QVERIFY(QDir(m_target).removeRecursively() && QDir().mkpath(m_target));
     QVERIFY(!plainDecompress(m_base->filePath("missing.zip"), m_target));
 
     QVERIFY(makeArchive(m_archive, {}));
@@ -276,17 +252,14 @@ void TestArchiveHelpers::corruptEntryLeavesNoFile()
     QFETCH(bool, stored);
     // The bytes to damage are found in what the archive holds: the stored data itself,
     // or a stretch of the deflated stream after the entry's local header.
-    const QByteArray payload = stored ? patternedData(200000, 3) : letterData(200000, 4);
+    const QByteArray payload = patternedData(200000, 3, !stored);
     QVERIFY(makeArchive(m_archive, {{"first.txt", "1"}, {"broken.bin", payload, false, stored}, {"last.txt", "3"}}));
-    QByteArray marker;
-    if (stored) {
-        marker = payload.mid(1000, 64);
-    } else {
-        const QByteArray bytes = readFile(m_archive);
-        const int start = bytes.indexOf("broken.bin") + 10;
-        marker = bytes.mid(start + 2000, 64);
-    }
-    QVERIFY(corruptArchiveAt(m_archive, marker));
+    QByteArray bytes = readFile(m_archive);
+    const int at = stored ? bytes.indexOf(payload.mid(1000, 64)) : bytes.indexOf("broken.bin") + 2010;
+    QVERIFY(at > 0);
+    for (int i = 32; i < 48; ++i)
+        bytes[at + i] = char(bytes[at + i] ^ 0x5A);
+    QVERIFY(writeFile(m_archive, bytes));
 
     QVERIFY(!plainDecompress(m_archive, m_target));
     QVERIFY(!QFile::exists(m_target + "/broken.bin"));

@@ -9,31 +9,29 @@
 #include <QFile>
 #include <QMutex>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QThread>
 #include <QUrl>
 
+// Stands in for the desktop's file manager; it lives on the service thread.
 class FakeFileManager : public QObject
 {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
-
 public:
     QStringList shownUris() const
     {
         QMutexLocker lock(&m_mutex);
         return m_uris;
     }
-
 public slots:
-    void ShowItems(const QStringList& uris, const QString& startupId)
+    void ShowItems(const QStringList& uris, const QString&)
     {
-        Q_UNUSED(startupId);
         QMutexLocker lock(&m_mutex);
         m_uris += uris;
     }
-
 private:
     mutable QMutex m_mutex;
     QStringList m_uris;
@@ -42,10 +40,8 @@ private:
 class OpenedUrls : public QObject
 {
     Q_OBJECT
-
 public:
     QList<QUrl> urls;
-
 public slots:
     void open(const QUrl& url) { urls << url; }
 };
@@ -53,77 +49,51 @@ public slots:
 class TestFileManagerBus : public QObject
 {
     Q_OBJECT
-
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
-    void showItemsReachesTheFileManager();
-    void withoutFileManagerTheFolderOpens();
-
-private:
-    QProcess m_daemon;
-    QThread m_serviceThread;
-    FakeFileManager* m_fileManager = nullptr;
-    QTemporaryDir m_folder;
+    void showItemsOrOpenTheFolder();
 };
 
-void TestFileManagerBus::initTestCase()
+void TestFileManagerBus::showItemsOrOpenTheFolder()
 {
     if (QStandardPaths::findExecutable("dbus-daemon").isEmpty())
         QSKIP("dbus-daemon is not installed");
-    m_daemon.start("dbus-daemon", QStringList() << "--session" << "--nofork" << "--print-address=1");
-    QVERIFY(m_daemon.waitForStarted());
-    QTRY_VERIFY(m_daemon.canReadLine());
-    const QByteArray address = m_daemon.readLine().trimmed();
-    // Must be set before the code under test first asks for the session bus.
-    qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-
-    m_serviceThread.start();
-    m_fileManager = new FakeFileManager;
-    m_fileManager->moveToThread(&m_serviceThread);
+    QProcess daemon;
+    daemon.start("dbus-daemon", QStringList() << "--session" << "--nofork" << "--print-address=1");
+    QThread serviceThread;
+    FakeFileManager fileManager;
+    fileManager.moveToThread(&serviceThread);
+    serviceThread.start();
+    const auto stopService = qScopeGuard([&] {
+        QDBusConnection::disconnectFromBus("fakeFileManager");
+        serviceThread.quit();
+        serviceThread.wait();
+        daemon.kill();
+        daemon.waitForFinished();
+    });
+    QTRY_VERIFY(daemon.canReadLine());
+    const QByteArray address = daemon.readLine().trimmed();
+    qputenv("DBUS_SESSION_BUS_ADDRESS", address); // before the code under test first asks for the bus
     QDBusConnection service = QDBusConnection::connectToBus(QString::fromLatin1(address), "fakeFileManager");
     QVERIFY(service.isConnected());
-    QVERIFY(service.registerObject("/org/freedesktop/FileManager1", m_fileManager, QDBusConnection::ExportAllSlots));
+    QVERIFY(service.registerObject("/org/freedesktop/FileManager1", &fileManager, QDBusConnection::ExportAllSlots));
     QVERIFY(service.registerService("org.freedesktop.FileManager1"));
 
-    QVERIFY(m_folder.isValid());
-    for (const char* name : {"a.jpg", "b.jpg"}) {
-        QFile file(m_folder.filePath(QLatin1String(name)));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-    }
-}
+    QTemporaryDir folder;
+    QVERIFY(QFile(folder.filePath("a.jpg")).open(QIODevice::WriteOnly));
+    QVERIFY(QFile(folder.filePath("b.jpg")).open(QIODevice::WriteOnly));
+    const std::vector<std::wstring> items{folder.filePath("a.jpg").toStdWString(), folder.filePath("b.jpg").toStdWString()};
+    QVERIFY(VexaPlatform::showItemsInFileManager(folder.path().toStdWString(), items));
+    QCOMPARE(fileManager.shownUris(), QStringList() << QUrl::fromLocalFile(folder.filePath("a.jpg")).toString()
+                                                    << QUrl::fromLocalFile(folder.filePath("b.jpg")).toString());
+    QVERIFY(!VexaPlatform::showItemsInFileManager(folder.filePath("missing").toStdWString(), items));
 
-void TestFileManagerBus::cleanupTestCase()
-{
-    QDBusConnection::disconnectFromBus("fakeFileManager");
-    m_serviceThread.quit();
-    m_serviceThread.wait();
-    delete m_fileManager;
-    m_daemon.kill();
-    m_daemon.waitForFinished();
-}
-
-void TestFileManagerBus::showItemsReachesTheFileManager()
-{
-    const std::vector<std::wstring> items{m_folder.filePath("a.jpg").toStdWString(),
-                                          m_folder.filePath("b.jpg").toStdWString()};
-    QVERIFY(VexaPlatform::showItemsInFileManager(m_folder.path().toStdWString(), items));
-    QCOMPARE(m_fileManager->shownUris(), QStringList() << QUrl::fromLocalFile(m_folder.filePath("a.jpg")).toString()
-                                                       << QUrl::fromLocalFile(m_folder.filePath("b.jpg")).toString());
-
-    QVERIFY(!VexaPlatform::showItemsInFileManager(m_folder.filePath("missing").toStdWString(), items));
-}
-
-void TestFileManagerBus::withoutFileManagerTheFolderOpens()
-{
-    QVERIFY(QDBusConnection(QStringLiteral("fakeFileManager")).unregisterService("org.freedesktop.FileManager1"));
+    // Without a file manager on the bus, the folder is opened instead.
+    QVERIFY(service.unregisterService("org.freedesktop.FileManager1"));
     OpenedUrls opened;
     QDesktopServices::setUrlHandler("file", &opened, "open");
-
-    QVERIFY(VexaPlatform::showItemsInFileManager(m_folder.path().toStdWString(),
-                                                 {m_folder.filePath("a.jpg").toStdWString()}));
+    QVERIFY(VexaPlatform::showItemsInFileManager(folder.path().toStdWString(), {folder.filePath("a.jpg").toStdWString()}));
     QDesktopServices::unsetUrlHandler("file");
-    QCOMPARE(opened.urls, QList<QUrl>() << QUrl::fromLocalFile(m_folder.path()));
+    QCOMPARE(opened.urls, QList<QUrl>() << QUrl::fromLocalFile(folder.path()));
 }
 
 UTILSDLL_TEST_MAIN(TestFileManagerBus)

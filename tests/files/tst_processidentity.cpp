@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 #include <cstring>
@@ -42,14 +43,6 @@ void put32(QByteArray& image, int offset, quint32 value)
 {
     for (int i = 0; i < 4; ++i)
         image[offset + i] = char((value >> (8 * i)) & 0xFF);
-}
-
-quint32 get32(const QByteArray& image, int offset)
-{
-    quint32 value = 0;
-    for (int i = 3; i >= 0; --i)
-        value = (value << 8) | uchar(image.at(offset + i));
-    return value;
 }
 
 // A minimal PE32 (32-bit) image with one resource section, built here since the
@@ -109,24 +102,17 @@ class TestProcessIdentity : public QObject
     Q_OBJECT
 
 private slots:
-    void currentProcessName();
-    void unknownVersions();
-    void findsProcessByFullName();
+    void processNamesAndUnknownVersions();
     void readsVersionFromPeSamples_data();
     void readsVersionFromPeSamples();
-    void readsPe32Image();
     void refusesTruncatedImages();
-    void refusesMalformedImages_data();
-    void refusesMalformedImages();
+    void readsPe32UnlessMalformed_data();
+    void readsPe32UnlessMalformed();
 };
 
-void TestProcessIdentity::currentProcessName()
+void TestProcessIdentity::processNamesAndUnknownVersions()
 {
     QCOMPARE(UtilsDll::currentProcessName(), QFileInfo(QCoreApplication::applicationFilePath()).fileName());
-}
-
-void TestProcessIdentity::unknownVersions()
-{
     const auto isUnknown = [](const UtilsDll::BinaryVersion& version) {
         return version.text.isEmpty() && version.major == 0 && version.minor == 0 && version.revision == 0
             && version.build == 0;
@@ -136,10 +122,7 @@ void TestProcessIdentity::unknownVersions()
     // Found, but a native executable has no version resource.
     QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName(UtilsDll::currentProcessName())));
     QVERIFY(!executableFileVersion(QCoreApplication::applicationFilePath().toStdWString()).found);
-}
 
-void TestProcessIdentity::findsProcessByFullName()
-{
     // A copy of sleep under a Windows-like name stands for the host process.
     QTemporaryDir folder;
     const QString host = folder.filePath("host.exe");
@@ -147,6 +130,7 @@ void TestProcessIdentity::findsProcessByFullName()
     QProcess process;
     process.start(host, QStringList() << "30");
     QVERIFY(process.waitForStarted());
+    const auto stop = qScopeGuard([&process] { process.kill(); process.waitForFinished(); });
 
     const auto find = [](const QString& name) {
         return QString::fromStdWString(processImagePath([&name](const std::wstring& baseName) {
@@ -154,10 +138,7 @@ void TestProcessIdentity::findsProcessByFullName()
         }));
     };
     QCOMPARE(find("HOST.EXE"), host);
-    QCOMPARE(find("host"), QString());
-
-    process.kill();
-    process.waitForFinished();
+    QCOMPARE(find("host"), QString()); // the whole name, extension included
 }
 
 void TestProcessIdentity::readsVersionFromPeSamples_data()
@@ -182,14 +163,6 @@ void TestProcessIdentity::readsVersionFromPeSamples()
     QCOMPARE(version.fileVersionLS, fileVersionLS);
 }
 
-void TestProcessIdentity::readsPe32Image()
-{
-    const PeFileVersion version = versionOf(buildPe32(0x00050006, 0x00070008));
-    QVERIFY(version.found);
-    QCOMPARE(version.fileVersionMS, 0x00050006u);
-    QCOMPARE(version.fileVersionLS, 0x00070008u);
-}
-
 void TestProcessIdentity::refusesTruncatedImages()
 {
     const QByteArray image = readFile(sample("versioned.exe"));
@@ -208,51 +181,42 @@ void TestProcessIdentity::refusesTruncatedImages()
     QVERIFY(!readPeFileVersion(nullptr, 100).found);
 }
 
-void TestProcessIdentity::refusesMalformedImages_data()
+// Each row overwrites `bytes` bytes at `at` (little-endian) in the built PE32 image.
+void TestProcessIdentity::readsPe32UnlessMalformed_data()
 {
-    QTest::addColumn<QString>("damage");
-    QTest::newRow("no MZ") << "mz";
-    QTest::newRow("PE offset past the end") << "peOffset";
-    QTest::newRow("no PE signature") << "peSignature";
-    QTest::newRow("unknown optional header") << "magic";
-    QTest::newRow("huge section count") << "sections";
-    QTest::newRow("resource directory outside every section") << "resourceRva";
-    QTest::newRow("resource table entry count huge") << "entryCount";
-    QTest::newRow("resource subdirectory loops to itself") << "loop";
-    QTest::newRow("version block outside the file") << "blockRva";
-    QTest::newRow("fixed info signature wrong") << "signature";
-    QTest::newRow("value length too short") << "valueLength";
+    QTest::addColumn<int>("at");
+    QTest::addColumn<int>("bytes");
+    QTest::addColumn<quint64>("value");
+    const int pe = 0x40, optional = 0x40 + 24, raw = 0x200;
+    QTest::newRow("intact") << 0 << 0 << quint64(0);
+    QTest::newRow("no MZ") << 0 << 2 << quint64(0x4D5A);
+    QTest::newRow("PE offset past the end") << 0x3C << 4 << quint64(0xFFFFFFF0u);
+    QTest::newRow("no PE signature") << pe << 4 << quint64(0x00004551);
+    QTest::newRow("unknown optional header") << optional << 2 << quint64(0x107);
+    QTest::newRow("huge section count") << pe + 6 << 2 << quint64(0xFFFF);
+    QTest::newRow("resource directory outside every section") << optional + 96 + 16 << 4 << quint64(0x7FFFFFF0u);
+    // A count of 0xFFFF, and the first entry no longer the one looked for.
+    QTest::newRow("resource table entry count huge") << raw + 14 << 6 << quint64(0x3FFFF);
+    QTest::newRow("resource subdirectory loops to itself") << raw + 0x18 + 20 << 4 << quint64(0x80000018u);
+    QTest::newRow("version block outside the file") << raw + 0x48 << 4 << quint64(0x1058 + 0x10000);
+    QTest::newRow("fixed info signature wrong") << raw + 0x58 + 40 << 4 << quint64(0xFEEF04BC);
+    QTest::newRow("value length too short") << raw + 0x58 + 2 << 2 << quint64(51);
 }
 
-void TestProcessIdentity::refusesMalformedImages()
+void TestProcessIdentity::readsPe32UnlessMalformed()
 {
-    QFETCH(QString, damage);
-    QByteArray image = buildPe32(0x00010002, 0x00030004);
-    QVERIFY(versionOf(image).found);
-    const int raw = 0x200;
-    if (damage == "mz")
-        put16(image, 0, 0x4D5A);
-    else if (damage == "peOffset")
-        put32(image, 0x3C, 0xFFFFFFF0u);
-    else if (damage == "peSignature")
-        put32(image, 0x40, 0x00004551);
-    else if (damage == "magic")
-        put16(image, 0x40 + 24, 0x107);
-    else if (damage == "sections")
-        put16(image, 0x40 + 6, 0xFFFF);
-    else if (damage == "resourceRva")
-        put32(image, 0x40 + 24 + 96 + 16, 0x7FFFFFF0u);
-    else if (damage == "entryCount")
-        put16(image, raw + 14, 0xFFFF), put32(image, raw + 16, 3);
-    else if (damage == "loop")
-        put32(image, raw + 0x18 + 20, 0x80000000u | 0x18);
-    else if (damage == "blockRva")
-        put32(image, raw + 0x48, get32(image, raw + 0x48) + 0x10000);
-    else if (damage == "signature")
-        put32(image, raw + 0x58 + 40, 0xFEEF04BC);
-    else if (damage == "valueLength")
-        put16(image, raw + 0x58 + 2, 51);
-    QVERIFY(!versionOf(image).found);
+    QFETCH(int, at);
+    QFETCH(int, bytes);
+    QFETCH(quint64, value);
+    QByteArray image = buildPe32(0x00050006, 0x00070008);
+    for (int i = 0; i < bytes; ++i)
+        image[at + i] = char((value >> (8 * i)) & 0xFF);
+    const PeFileVersion version = versionOf(image);
+    QCOMPARE(version.found, bytes == 0);
+    if (version.found) {
+        QCOMPARE(version.fileVersionMS, 0x00050006u);
+        QCOMPARE(version.fileVersionLS, 0x00070008u);
+    }
 }
 
 UTILSDLL_TEST_MAIN(TestProcessIdentity)

@@ -32,11 +32,21 @@ QtSoapSimpleType* scalar(const QString& name, int value)
     return new QtSoapSimpleType(QtSoapQName(name), value);
 }
 
-// The detail a failed setContent wrote, read through the message's own tree since
-// faultDetail() looks for "Detail" and not for the "Faultdetail" written here.
-QString writtenDetail(const QtSoapMessage& message, const QString& name)
+// What setContent left, in one line: the fault it wrote with its detail, or the
+// type and text of the value it read. faultDetail() would look for "Detail", not
+// for the "Faultdetail" a failure writes, so the tree is read directly.
+QString outcome(const QtSoapMessage& message, bool parsed)
 {
-    return message.method()[QStringLiteral("Faultdetail")][name].toString();
+    if (parsed) {
+        const QtSoapType& value = message.returnValue();
+        const QString text = value.toString();
+        return value.typeName() + QStringLiteral(": ") + (text.size() > 1000 ? QString::number(text.size()) : text);
+    }
+    static const char* const codes[] = {"VersionMismatch", "MustUnderstand", "Client", "Server", "Other"};
+    const QtSoapType& detail = message.method()[QStringLiteral("Faultdetail")];
+    return QLatin1String(codes[message.faultCode()]) + QStringLiteral(": ") + message.faultString().toString()
+        + (detail.count() ? QStringLiteral(" / ") + detail[0].name().name() + QStringLiteral(": ") + detail[0].toString()
+                          : QString());
 }
 
 class ExposedMessage : public QtSoapMessage
@@ -48,12 +58,8 @@ public:
 QByteArray billionLaughs()
 {
     QByteArray doc = "<?xml version=\"1.0\"?><!DOCTYPE e [<!ENTITY l0 \"lol\">";
-    for (int level = 1; level <= 9; ++level) {
-        doc += "<!ENTITY l" + QByteArray::number(level) + " \"";
-        for (int i = 0; i < 10; ++i)
-            doc += "&l" + QByteArray::number(level - 1) + ";";
-        doc += "\">";
-    }
+    for (int level = 1; level <= 9; ++level)
+        doc += "<!ENTITY l" + QByteArray::number(level) + " \"" + ("&l" + QByteArray::number(level - 1) + ";").repeated(10) + "\">";
     return doc + "]>" + envelopeWithBody("<m><r>&l9;</r></m>");
 }
 
@@ -70,17 +76,12 @@ class TestSoapMessage : public QObject
 private slots:
     void wireFormat_data();
     void wireFormat();
-    void envelopeChildrenKeepCallOrder();
-    void bodyIsCreatedOnDemand();
-    void invalidEnvelopes_data();
-    void invalidEnvelopes();
+    void envelopeLayout();
+    void badInput_data();
+    void badInput();
     void readsReplies_data();
     void readsReplies();
-    void emptyBodyReply();
-    void methodAndFaultOperations();
-    void clearAndCopy();
-    void hostileInput_data();
-    void hostileInput();
+    void methodFaultAndCopyOperations();
     void hugeBody();
     void replaysFuzzInputs();
 };
@@ -132,69 +133,78 @@ void TestSoapMessage::wireFormat()
     QCOMPARE(message.toXmlString(0), written); // the envelope attributes are not repeated
 }
 
-void TestSoapMessage::envelopeChildrenKeepCallOrder()
+// Children keep the order of the calls, and the body appears only when asked for.
+void TestSoapMessage::envelopeLayout()
 {
     QtSoapMessage message;
     message.setMethod(QStringLiteral("m"));
     message.addHeaderItem(scalar(QStringLiteral("h"), 1));
     const QString written = message.toXmlString(0);
     QVERIFY(written.indexOf(QLatin1String("<SOAP-ENV:Body")) < written.indexOf(QLatin1String("<SOAP-ENV:Header")));
-}
 
-void TestSoapMessage::bodyIsCreatedOnDemand()
-{
-    ExposedMessage message;
-    QVERIFY(!message.toXmlString(0).contains(QLatin1String("Body")));
-    QCOMPARE(message.body().count(), 0);
-    QVERIFY(message.toXmlString(0).contains(
+    ExposedMessage bare;
+    QVERIFY(!bare.toXmlString(0).contains(QLatin1String("Body")));
+    QCOMPARE(bare.body().count(), 0);
+    QVERIFY(bare.toXmlString(0).contains(
         QLatin1String("<SOAP-ENV:Body xmlns:SOAP-ENV=\"http://schemas.xmlsoap.org/soap/envelope/\"/>")));
 }
 
-void TestSoapMessage::invalidEnvelopes_data()
+void TestSoapMessage::badInput_data()
 {
     QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("detailName");
-    QTest::addColumn<QString>("detail");
-    const int mismatch = QtSoapMessage::VersionMismatch;
-    const QString invalid = QStringLiteral("SOAP structure invalid");
-    QTest::newRow("no namespace") << QByteArray("<Envelope><Body/></Envelope>") << mismatch << invalid << "extra"
-                                  << "Unsupported namespace for envelope element";
-    QTest::newRow("wrong root") << QByteArray("<x:Letter xmlns:x='urn:x'><x:Body/></x:Letter>") << mismatch << invalid << "extra"
-                                << "root element \"Letter\"/\"Letter\" is not envelope";
-    QTest::newRow("comment first") << QByteArray("<!-- c --><Envelope/>") << mismatch << invalid << "extra"
-                                   << "root element \"\"/\"\" is not envelope";
-    QTest::newRow("header only") << envelopeOpen + QByteArray("<e:Header/></e:Envelope>") << mismatch << invalid << "extra"
-                                 << "mandatory body element missing";
-    QTest::newRow("text before body") << envelopeOpen + QByteArray("text<e:Body/></e:Envelope>") << mismatch << invalid
-                                      << "extra" << "mandatory body element missing";
-    QTest::newRow("not well-formed") << QByteArray("<e:Envelope") << mismatch << "XML parse error" << "ParseError"
-                                     << "unexpected end of file at line 1, column 12";
-    QTest::newRow("empty") << QByteArray() << mismatch << "XML parse error" << "ParseError"
-                           << "unexpected end of file at line 1, column 1";
-    QTest::newRow("declaration only") << QByteArray("<?xml version='1.0'?>") << mismatch << "XML parse error" << "ParseError"
-                                      << "unexpected end of file at line 1, column 22";
-    QTest::newRow("struct child not an element") << envelopeWithBody("<m><r>1</r>text</m>") << int(QtSoapMessage::Other)
-                                                 << QString() << QString() << QString();
+    QTest::addColumn<bool>("parsed");
+    QTest::addColumn<QString>("outcome");
+    const QString invalid = QStringLiteral("VersionMismatch: SOAP structure invalid / extra: ");
+    const QString parseError = QStringLiteral("VersionMismatch: XML parse error / ParseError: ");
+    QTest::newRow("no namespace") << QByteArray("<Envelope><Body/></Envelope>") << false
+                                  << invalid + "Unsupported namespace for envelope element";
+    QTest::newRow("wrong root") << QByteArray("<x:Letter xmlns:x='urn:x'><x:Body/></x:Letter>") << false
+                                << invalid + "root element \"Letter\"/\"Letter\" is not envelope";
+    QTest::newRow("comment first") << QByteArray("<!-- c --><Envelope/>") << false
+                                   << invalid + "root element \"\"/\"\" is not envelope";
+    QTest::newRow("header only") << envelopeOpen + QByteArray("<e:Header/></e:Envelope>") << false
+                                 << invalid + "mandatory body element missing";
+    QTest::newRow("text before body") << envelopeOpen + QByteArray("text<e:Body/></e:Envelope>") << false
+                                      << invalid + "mandatory body element missing";
+    QTest::newRow("not well-formed") << QByteArray("<e:Envelope") << false
+                                     << parseError + "unexpected end of file at line 1, column 12";
+    QTest::newRow("empty") << QByteArray() << false << parseError + "unexpected end of file at line 1, column 1";
+    QTest::newRow("declaration only") << QByteArray("<?xml version='1.0'?>") << false
+                                      << parseError + "unexpected end of file at line 1, column 22";
+    QTest::newRow("tag mismatch") << QByteArray("<e:Envelope xmlns:e='urn:e'><e:Body></e:Envelope>") << false
+                                  << parseError + "tag mismatch at line 1, column 49";
+    // Only this failure writes no fault; it reports on the debug channel instead.
+    QTest::newRow("struct child not an element") << envelopeWithBody("<m><r>1</r>text</m>") << false << "Other: ";
+    QTest::newRow("100000 levels") << deepNesting(100000) << false
+                                   << parseError + "elements nested deeper than 1000 levels at line 1, column 3067";
+    QTest::newRow("billion laughs") << billionLaughs() << false
+                                    << parseError + "The XML entity \"l4\" expands to a string that is too large to "
+                                                    "process (30000 characters > 4096). at line 1, column 327";
+    QTest::newRow("end tags hidden in a DTD do not hide depth")
+        << "<!DOCTYPE e [<!ENTITY x \"" + QByteArray("</a>").repeated(2000) + "\">]>" + deepNesting(1500) << false
+        << parseError + "elements nested deeper than 1000 levels at line 1, column 11096";
+    // Qt's decoder replaces each bad byte; the document stays well-formed.
+    QTest::newRow("invalid UTF-8") << envelopeWithBody("<m><r>\xff\xfe\xc3(</r></m>") << true
+                                   << QString::fromUtf8("string: \xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd(");
+    QTest::newRow("type only a colon") << envelopeWithBody("<m><r type=':'>5</r></m>") << true << "other: 5";
+    QTest::newRow("nesting at the limit") << deepNesting(998) << true << "struct: ";
+    QTest::newRow("markup in comments, CDATA and attributes is not nesting")
+        << envelopeWithBody("<m><r x='>/>'><!--" + QByteArray("<a>").repeated(2000) + "--><![CDATA["
+                            + QByteArray("<a>").repeated(2000) + "]]></r>" + QByteArray("<e/>").repeated(2000) + "</m>")
+        << true << "string: 6000";
 }
 
-void TestSoapMessage::invalidEnvelopes()
+void TestSoapMessage::badInput()
 {
     QFETCH(QByteArray, xml);
-    QFETCH(int, code);
-    QFETCH(QString, text);
-    QFETCH(QString, detailName);
-    QFETCH(QString, detail);
+    QFETCH(bool, parsed);
+    QFETCH(QString, outcome);
     QtSoapMessage message;
-    if (code == QtSoapMessage::Other)
+    if (outcome == QLatin1String("Other: "))
         QTest::ignoreMessage(QtDebugMsg, "QtSoapMessage::setContent(), parsing failed: In the struct element Envelope, "
                                         "child #0, Body, was not recognized as a SOAP type.");
-    QVERIFY(!message.setContent(xml));
-    QCOMPARE(int(message.faultCode()), code);
-    QCOMPARE(message.faultString().toString(), text);
-    if (!detailName.isEmpty())
-        QCOMPARE(writtenDetail(message, detailName), detail);
+    QCOMPARE(message.setContent(xml), parsed);
+    QCOMPARE(::outcome(message, parsed), outcome);
     QCOMPARE(message.errorString(), QString()); // failures never reach errorString()
 }
 
@@ -244,38 +254,16 @@ void TestSoapMessage::readsReplies()
     QCOMPARE(message.toXmlString(0).count(QLatin1String("Fault")), xml.count("Fault"));
 }
 
-void TestSoapMessage::emptyBodyReply()
+void TestSoapMessage::methodFaultAndCopyOperations()
 {
     QtSoapMessage message;
-    QVERIFY(message.setContent(envelopeWithBody("")));
-    QVERIFY(!message.method().isValid());
-    QVERIFY(!message.returnValue().isValid());
-    QVERIFY(!message.isFault());
-
-    // The empty body was read as a string scalar; writing a fault into it must
-    // still give a proper fault tree.
-    message.setFaultCode(QtSoapMessage::Client);
-    QCOMPARE(message.faultCode(), QtSoapMessage::Client);
-    QtSoapMessage written;
-    QVERIFY(written.setContent(message.toXmlString(0).toUtf8()));
-    QCOMPARE(written.faultCode(), QtSoapMessage::Client);
-}
-
-void TestSoapMessage::methodAndFaultOperations()
-{
-    QtSoapMessage message;
-    QtSoapSimpleType* orphan = scalar(QStringLiteral("a"), 1);
+    QtSoapSimpleType* orphan = new QtSoapSimpleType(QtSoapQName(QStringLiteral("a"), QStringLiteral("urn:u")), 1);
     QTest::ignoreMessage(QtWarningMsg, "Attempted to add argument (urn:u:a) without first setting method");
-    orphan->setName(QtSoapQName(QStringLiteral("a"), QStringLiteral("urn:u")));
     message.addMethodArgument(orphan);
     delete orphan;
-
     message.setMethod(QStringLiteral("first"));
     message.setMethod(QStringLiteral("second"));
     message.addMethodArgument(QStringLiteral("n"), QString(), 7);
-    QCOMPARE(message.method().name().name(), QStringLiteral("first"));
-    QCOMPARE(message.returnValue().toInt(), 7);
-
     message.setFaultCode(QtSoapMessage::Server);
     message.setFaultCode(QtSoapMessage::Client);
     message.setFaultString(QStringLiteral("why"));
@@ -290,20 +278,17 @@ void TestSoapMessage::methodAndFaultOperations()
     other.setFaultCode(QtSoapMessage::Other);
     QVERIFY(!other.isFault());
     QVERIFY(other.toXmlString(0).contains(QLatin1String(">Other</Faultcode>")));
-}
 
-void TestSoapMessage::clearAndCopy()
-{
-    QtSoapMessage message;
-    QCOMPARE(message.errorString(), QString());
-    message.setMethod(QStringLiteral("m"));
-    message.addMethodArgument(QStringLiteral("n"), QString(), 3);
-    QtSoapMessage copy(message);
+    QtSoapMessage source;
+    QCOMPARE(source.errorString(), QString());
+    source.setMethod(QStringLiteral("m"));
+    source.addMethodArgument(QStringLiteral("n"), QString(), 3);
+    QtSoapMessage copy(source);
     QtSoapMessage assigned;
-    assigned = message;
-    message.clear();
-    QCOMPARE(message.errorString(), QStringLiteral("Unknown error"));
-    QVERIFY(!message.method().isValid());
+    assigned = source;
+    source.clear();
+    QCOMPARE(source.errorString(), QStringLiteral("Unknown error"));
+    QVERIFY(!source.method().isValid());
     QCOMPARE(copy.returnValue().toInt(), 3);
     QCOMPARE(assigned.returnValue().toInt(), 3);
 
@@ -311,56 +296,21 @@ void TestSoapMessage::clearAndCopy()
     QVERIFY(!copy.setContent(QByteArray("<broken")));
     QCOMPARE(copy.returnValue().toInt(), 3);
     QCOMPARE(copy.faultCode(), QtSoapMessage::VersionMismatch);
-
     QDomDocument doc;
     QVERIFY(doc.setContent(envelopeWithBody("<r><v>5</v></r>"), true));
     QVERIFY(copy.setContent(doc));
     QCOMPARE(copy.returnValue().toInt(), 5);
     QVERIFY(!copy.isFault());
-}
 
-void TestSoapMessage::hostileInput_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<bool>("parsed");
-    QTest::addColumn<QString>("outcome");
-
-    QTest::newRow("malformed") << QByteArray("<e:Envelope xmlns:e='urn:e'><e:Body></e:Envelope>") << false
-                               << "ParseError: tag mismatch at line 1, column 49";
-    QTest::newRow("100000 levels") << deepNesting(100000) << false
-                                   << "ParseError: elements nested deeper than 1000 levels at line 1, column 3067";
-    QTest::newRow("billion laughs") << billionLaughs() << false
-                                    << "ParseError: The XML entity \"l4\" expands to a string that is too large to process "
-                                       "(30000 characters > 4096). at line 1, column 327";
-    // Qt's decoder replaces each bad byte; the document stays well-formed.
-    QTest::newRow("invalid UTF-8") << envelopeWithBody("<m><r>\xff\xfe\xc3(</r></m>") << true
-                                   << QString::fromUtf8("string: \xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd(");
-    QTest::newRow("type only a colon") << envelopeWithBody("<m><r type=':'>5</r></m>") << true << "other: 5";
-    QTest::newRow("nesting at the limit") << deepNesting(998) << true << "struct: ";
-    QTest::newRow("markup in comments, CDATA and attributes is not nesting")
-        << envelopeWithBody("<m><r x='>/>'><!--" + QByteArray("<a>").repeated(2000) + "--><![CDATA["
-                            + QByteArray("<a>").repeated(2000) + "]]></r>" + QByteArray("<e/>").repeated(2000) + "</m>")
-        << true << "string: 6000";
-    QTest::newRow("end tags hidden in a DTD do not hide depth")
-        << "<!DOCTYPE e [<!ENTITY x \"" + QByteArray("</a>").repeated(2000) + "\">]>" + deepNesting(1500) << false
-        << "ParseError: elements nested deeper than 1000 levels at line 1, column 11096";
-}
-
-void TestSoapMessage::hostileInput()
-{
-    QFETCH(QByteArray, xml);
-    QFETCH(bool, parsed);
-    QFETCH(QString, outcome);
-    QtSoapMessage message;
-    QCOMPARE(message.setContent(xml), parsed);
-    if (!parsed) {
-        QCOMPARE(message.faultCode(), QtSoapMessage::VersionMismatch);
-        QCOMPARE(QStringLiteral("ParseError: ") + writtenDetail(message, QStringLiteral("ParseError")), outcome);
-        return;
-    }
-    const QtSoapType& value = message.returnValue();
-    const QString shown = value.toString().size() > 1000 ? QString::number(value.toString().size()) : value.toString();
-    QCOMPARE(value.typeName() + QStringLiteral(": ") + shown, outcome);
+    // An empty body reads as a string scalar; a fault written into it is still a proper fault tree.
+    QtSoapMessage empty;
+    QVERIFY(empty.setContent(envelopeWithBody("")));
+    QVERIFY(!empty.method().isValid() && !empty.returnValue().isValid() && !empty.isFault());
+    empty.setFaultCode(QtSoapMessage::Client);
+    QCOMPARE(empty.faultCode(), QtSoapMessage::Client);
+    QtSoapMessage written;
+    QVERIFY(written.setContent(empty.toXmlString(0).toUtf8()));
+    QCOMPARE(written.faultCode(), QtSoapMessage::Client);
 }
 
 // Apart from the table above so that a run of one row there stays small.
