@@ -1,0 +1,379 @@
+#include "TestEnvironment.h"
+#include "TestLogger.h"
+
+#include "AboutDlg.h"
+#include "CBaseDialog.h"
+#include "DialogDriver.h"
+#include "HostWarningDlg.h"
+#include "MessageBox.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QScopeGuard>
+#include <QTranslator>
+
+using UtilsDllTest::whenModalShown;
+
+namespace {
+
+enum Entry { Information, Warning, Critical, YesNo, Rotate, SaveDiscardCancel, BackgroundProcessing };
+
+// Runs the entry and returns its answer as an int (-1 for the entries with none).
+int runEntry(Entry entry, const QString& text, int height)
+{
+    switch (entry) {
+    case Information: CMessageBox::information(nullptr, text, height); return -1;
+    case Warning: CMessageBox::warning(nullptr, text, height); return -1;
+    case Critical: CMessageBox::critical(nullptr, text, height); return -1;
+    case YesNo: return CMessageBox::yesNoMessage(nullptr, text, height);
+    case Rotate: return CMessageBox::rotateQuestion(nullptr, text, height) ? 1 : 0;
+    case SaveDiscardCancel: return CMessageBox::saveDiscardCancelMessage(nullptr, text, height);
+    case BackgroundProcessing: return CMessageBox::backgroundProcessingCancelMessage(nullptr, text);
+    }
+    return -2;
+}
+
+// What a user does: "Escape" or "Return" to the focused widget, else a click on the named button.
+void act(QWidget* dialog, const QString& action)
+{
+    QWidget* focus = QApplication::focusWidget() ? QApplication::focusWidget() : dialog;
+    if (action == "Escape" || action == "Return")
+        QTest::keyClick(focus, action == "Escape" ? Qt::Key_Escape : Qt::Key_Return);
+    else
+        QTest::mouseClick(dialog->findChild<QPushButton*>(action), Qt::LeftButton);
+}
+
+// The dialog's buttons from left to right, as "name:text", the default one starred.
+QStringList buttonsOf(QWidget* dialog)
+{
+    QList<QPushButton*> buttons = dialog->findChildren<QPushButton*>();
+    std::sort(buttons.begin(), buttons.end(), [dialog](QPushButton* a, QPushButton* b) {
+        return a->mapTo(dialog, QPoint()).x() < b->mapTo(dialog, QPoint()).x();
+    });
+    QStringList result;
+    for (QPushButton* button : buttons)
+        result << button->objectName() + ':' + button->text() + (button->isDefault() ? "*" : "");
+    return result;
+}
+
+QString textOf(QWidget* dialog, const char* name)
+{
+    return dialog->findChild<QWidget*>(name)->property("text").toString();
+}
+
+class HeaderDialog : public CBaseDialog
+{
+public:
+    explicit HeaderDialog(int headerHeight, Qt::WindowFlags flags = {})
+        : CBaseDialog(nullptr, flags)
+    {
+        setHeaderHeight(headerHeight);
+        setMinimumSize(200, 120);
+        button = new QPushButton("Button", this);
+        button->setGeometry(100, 80, 80, 30);
+    }
+    QPushButton* button;
+};
+
+// Mouse events carry explicit global positions: the dialog moves under the pointer.
+void sendMouse(QWidget* target, QEvent::Type type, const QPoint& global, Qt::MouseButton button,
+               Qt::MouseButtons held)
+{
+    QMouseEvent event(type, target->mapFromGlobal(global), global, button, held, Qt::NoModifier);
+    QApplication::sendEvent(target, &event);
+}
+
+QPoint screenCentreFor(const QWidget& window)
+{
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    return screen.topLeft() + QPoint((screen.width() - window.frameGeometry().width()) / 2,
+                                     (screen.height() - window.frameGeometry().height()) / 2);
+}
+
+} // namespace
+
+using Answers = QList<QPair<QString, int>>;
+Q_DECLARE_METATYPE(Entry)
+Q_DECLARE_METATYPE(Answers)
+Q_DECLARE_METATYPE(Qt::MouseButton)
+
+// The base dialog, the message boxes and the host warning, driven as a user would.
+class TestDialogs : public QObject
+{
+    Q_OBJECT
+private slots:
+    void baseDialogFrameAndCentring()
+    {
+        HeaderDialog dialog(0, Qt::WindowMinMaxButtonsHint | Qt::WindowContextHelpButtonHint);
+        QVERIFY(dialog.windowFlags() & Qt::FramelessWindowHint);
+        QVERIFY(!(dialog.windowFlags() & (Qt::WindowMinMaxButtonsHint | Qt::WindowContextHelpButtonHint)));
+        QVERIFY(dialog.testAttribute(Qt::WA_TranslucentBackground));
+
+        // Centred on the first show only: shown again, it stays where it was left.
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        QCOMPARE(dialog.pos(), screenCentreFor(dialog));
+        dialog.hide();
+        dialog.move(7, 9);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        QCOMPARE(dialog.pos(), QPoint(7, 9));
+
+        // The scripting client reaches these by name.
+        QVERIFY(QMetaObject::invokeMethod(&dialog, "moveToScreenCenter"));
+        QCOMPARE(dialog.pos(), screenCentreFor(dialog));
+        dialog.setObjectName("ScriptedDialog");
+        QString name;
+        QVERIFY(QMetaObject::invokeMethod(&dialog, "getObjectName", Q_RETURN_ARG(QString, name)));
+        QCOMPARE(name, QString("ScriptedDialog"));
+        QVERIFY(dialog.metaObject()->indexOfSlot("sendNotification()") >= 0);
+    }
+
+    void dragByHeaderBand_data()
+    {
+        QTest::addColumn<int>("header");
+        QTest::addColumn<QPoint>("press");
+        QTest::addColumn<bool>("onButton");
+        QTest::addColumn<Qt::MouseButton>("button");
+        QTest::addColumn<bool>("drags");
+
+        QTest::newRow("band 30, press at 30") << 30 << QPoint(10, 30) << false << Qt::LeftButton << true;
+        QTest::newRow("band 30, press at 31") << 30 << QPoint(10, 31) << false << Qt::LeftButton << false;
+        QTest::newRow("band 30, press at 0") << 30 << QPoint(10, 0) << false << Qt::LeftButton << true;
+        QTest::newRow("no band, press low down") << 0 << QPoint(10, 110) << false << Qt::LeftButton << true;
+        QTest::newRow("no band, press on a button") << 0 << QPoint(5, 5) << true << Qt::LeftButton << false;
+        QTest::newRow("right button") << 0 << QPoint(10, 10) << false << Qt::RightButton << false;
+    }
+
+    void dragByHeaderBand()
+    {
+        QFETCH(int, header);
+        QFETCH(QPoint, press);
+        QFETCH(bool, onButton);
+        QFETCH(Qt::MouseButton, button);
+        QFETCH(bool, drags);
+
+        HeaderDialog dialog(header);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        QWidget* target = onButton ? static_cast<QWidget*>(dialog.button) : &dialog;
+        const QPoint start = dialog.pos();
+        const QPoint global = target->mapToGlobal(press);
+        sendMouse(target, QEvent::MouseButtonPress, global, button, button);
+        sendMouse(target, QEvent::MouseMove, global + QPoint(40, 25), Qt::NoButton, button);
+        sendMouse(target, QEvent::MouseButtonRelease, global + QPoint(40, 25), button, Qt::NoButton);
+        QCOMPARE(dialog.pos() - start, drags ? QPoint(40, 25) : QPoint(0, 0));
+    }
+
+    void anyReleaseEndsADrag()
+    {
+        HeaderDialog dialog(0);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        const QPoint start = dialog.pos();
+        const QPoint global = dialog.mapToGlobal(QPoint(10, 10));
+        sendMouse(&dialog, QEvent::MouseButtonPress, global, Qt::LeftButton, Qt::LeftButton);
+        sendMouse(&dialog, QEvent::MouseMove, global + QPoint(10, 10), Qt::NoButton, Qt::LeftButton);
+        QCOMPARE(dialog.pos(), start + QPoint(10, 10));
+        sendMouse(&dialog, QEvent::MouseButtonRelease, global, Qt::RightButton, Qt::LeftButton);
+        sendMouse(&dialog, QEvent::MouseMove, global + QPoint(80, 80), Qt::NoButton, Qt::LeftButton);
+        QCOMPARE(dialog.pos(), start + QPoint(10, 10));
+    }
+
+    void messageBoxEntries_data()
+    {
+        QTest::addColumn<Entry>("entry");
+        QTest::addColumn<QStringList>("buttons"); // "name:text" from left to right, the default starred
+        QTest::addColumn<int>("height");
+        QTest::addColumn<QSize>("iconSize");
+        QTest::addColumn<Answers>("answers"); // a button's object name, or "Escape" / "Return"
+
+        const QSize small(34, 34);
+        const QSize natural(-1, -1);
+        const int yes = QMessageBox::Yes, no = QMessageBox::No, save = QMessageBox::Save;
+        const int discard = QMessageBox::Discard, cancel = QMessageBox::Cancel;
+        QTest::newRow("information") << Information << QStringList{"mbSipleButton:OK*"} << 200 << small
+                                     << Answers{{"mbSipleButton", -1}};
+        QTest::newRow("warning") << Warning << QStringList{"mbSipleButton:Close*"} << 210 << small
+                                 << Answers{{"Escape", -1}};
+        QTest::newRow("critical") << Critical << QStringList{"mbSipleButton:Close*"} << 220 << small
+                                  << Answers{{"Return", -1}};
+        QTest::newRow("yes/no") << YesNo << QStringList{"yesButton:Yes*", "noButton:No"} << 230 << small
+                                << Answers{{"yesButton", yes}, {"noButton", no}, {"Escape", no}, {"Return", yes}};
+        QTest::newRow("rotate") << Rotate << QStringList{"rotateButton:Rotate*", "cancelButton:Cancel"} << 240
+                                << natural
+                                << Answers{{"rotateButton", 1}, {"cancelButton", 0}, {"Escape", 0}, {"Return", 1}};
+        QTest::newRow("save/discard/cancel")
+            << SaveDiscardCancel << QStringList{"discardButton:Don't save", "saveButton:Save*", "cancelButton:Cancel"}
+            << 250 << natural
+            << Answers{{"saveButton", save}, {"discardButton", discard}, {"cancelButton", cancel},
+                       {"Escape", cancel}, {"Return", save}};
+        QTest::newRow("background processing")
+            << BackgroundProcessing
+            << QStringList{"dontQuitButton:Don't quit", "quitWithoutSavingButton:Quit without saving*"} << 165
+            << small
+            << Answers{{"quitWithoutSavingButton", discard}, {"dontQuitButton", cancel}, {"Escape", cancel},
+                       {"Return", discard}};
+    }
+
+    void messageBoxEntries()
+    {
+        QFETCH(Entry, entry);
+        QFETCH(QStringList, buttons);
+        QFETCH(int, height);
+        QFETCH(QSize, iconSize);
+        QFETCH(Answers, answers);
+
+        bool checked = false;
+        whenModalShown<CMessageBox>([&](CMessageBox* box) {
+            const auto close = qScopeGuard([box] { box->reject(); }); // even when a check fails
+            QCOMPARE(box->size(), QSize(520, height));
+            QCOMPARE(buttonsOf(box), buttons);
+            QCOMPARE(box->findChild<QWidget*>("iconWidget")->property("mandatoryImageSize").toSize(), iconSize);
+            QCOMPARE(textOf(box, "textLabel"), QString("Some text"));
+            QCOMPARE(box->windowTitle(), QString("Dialog"));
+            for (QPushButton* button : box->findChildren<QPushButton*>())
+                QCOMPARE(button->minimumSize(), QSize(80, 36));
+            QVERIFY(box->findChild<QWidget*>("wBackgroundWidget"));
+            checked = true;
+        });
+        runEntry(entry, "Some text", height);
+        QVERIFY(checked);
+
+        for (const auto& answer : answers) {
+            whenModalShown<CMessageBox>([answer](CMessageBox* box) { act(box, answer.first); });
+            QVERIFY2(runEntry(entry, "Question?", 200) == answer.second, qPrintable(answer.first));
+            QVERIFY(!QApplication::activeModalWidget());
+        }
+    }
+
+    void scriptedAnswersAreOnlyStored()
+    {
+        UtilsDllTest::ScopedTestLogger logger;
+        bool scripted = false;
+        whenModalShown<CMessageBox>([&scripted, &logger](CMessageBox* box) {
+            const auto answer = qScopeGuard([box] { act(box, "noButton"); });
+            // The scripting client reaches the setters by name; they only store.
+            QVERIFY(QMetaObject::invokeMethod(box, "setYesNoMessage", Q_ARG(bool, true)));
+            QVERIFY(QMetaObject::invokeMethod(box, "setRotateQuestion", Q_ARG(bool, true)));
+            QVERIFY(QMetaObject::invokeMethod(box, "setYesNoMessageWithCheckBox", Q_ARG(bool, true),
+                                              Q_ARG(bool, true)));
+            QVERIFY(QMetaObject::invokeMethod(box, "setSaveDiscardCancelMessage", Q_ARG(int, QMessageBox::Save)));
+            QVERIFY(logger->lines().isEmpty());
+            QVERIFY(QMetaObject::invokeMethod(box, "setSaveDiscardCancelMessage", Q_ARG(int, QMessageBox::Yes)));
+            QCOMPARE(logger->linesAt('E').size(), 1);
+            QVERIFY(logger->linesAt('E').first().contains("ASSERT in "));
+            scripted = true;
+        });
+        QCOMPARE(CMessageBox::yesNoMessage(nullptr, "First", 200), QMessageBox::No);
+        QVERIFY(scripted);
+
+        // A predefined Yes does not answer the next dialog: the user does.
+        whenModalShown<CMessageBox>([](CMessageBox* box) { act(box, "noButton"); });
+        QCOMPARE(CMessageBox::yesNoMessage(nullptr, "Second", 200), QMessageBox::No);
+    }
+
+    void hostWarningEndings_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<bool>("quits");
+
+        QTest::newRow("Quit button") << "quitButton" << true;
+        QTest::newRow("Try button") << "tryButton" << false;
+        QTest::newRow("Escape") << "Escape" << false;
+        // The focus starts on Quit, so Return at once quits.
+        QTest::newRow("Return") << "Return" << true;
+    }
+
+    void hostWarningEndings()
+    {
+        QFETCH(QString, action);
+        QFETCH(bool, quits);
+
+        CHostWarningDlg dialog(nullptr);
+        QString focused;
+        whenModalShown<CHostWarningDlg>([&focused, action](CHostWarningDlg* shown) {
+            focused = QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
+            act(shown, action);
+        });
+        QCOMPARE(dialog.exec(), 0);
+        QCOMPARE(focused, QString("quitButton"));
+        QCOMPARE(dialog.hasUserChosenToQuit(), quits);
+        QVERIFY(!dialog.isVisible());
+    }
+
+    void hostWarningFormAndExplanation()
+    {
+        CHostWarningDlg dialog(nullptr);
+        dialog.show();
+        QApplication::setActiveWindow(&dialog);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QStringList order;
+        for (int i = 0; i < 3; ++i) {
+            order << QApplication::focusWidget()->objectName();
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        QCOMPARE(order, (QStringList{"quitButton", "tryButton", "showExplanatoryCheckBox"}));
+        QCOMPARE(dialog.objectName(), QString("HostWarningDlg"));
+        QCOMPARE(dialog.windowTitle(), QString("Open original image"));
+        QCOMPARE(textOf(&dialog, "mainTextLabel"), QString("Your image cannot be modified."));
+        QCOMPARE(textOf(&dialog, "tryButton"), QString("Try"));
+        QCOMPARE(dialog.minimumWidth(), 600);
+        QCOMPARE(dialog.findChild<QWidget*>("wUpdateIcon")->size(), QSize(34, 34));
+
+        // The check box shows the explanation: dialog and frame grow downwards, and shrink back.
+        auto* frame = dialog.findChild<QWidget*>("wRoundedFrame");
+        auto* explanation = dialog.findChild<QWidget*>("explanationWidget");
+        auto* checkBox = dialog.findChild<QCheckBox*>("showExplanatoryCheckBox");
+        const QPoint topLeft = dialog.pos();
+        for (bool shown : {false, true, false}) {
+            if (shown != checkBox->isChecked())
+                QTest::mouseClick(checkBox, Qt::LeftButton, {}, QPoint(5, checkBox->height() / 2));
+            QCOMPARE(checkBox->isChecked(), shown);
+            QCOMPARE(dialog.height(), shown ? 315 : 180);
+            QCOMPARE(frame->height(), dialog.height());
+            QCOMPARE(explanation->isVisible(), shown);
+            QCOMPARE(dialog.pos(), topLeft);
+        }
+        QVERIFY(!dialog.hasUserChosenToQuit());
+    }
+
+    // The translation contexts are a contract with the catalogues: a test catalogue with one
+    // entry per context shows that each text is looked up where it should be.
+    void dialogsTranslateAtConstruction()
+    {
+        CHostWarningDlg constructedBefore(nullptr);
+        QTranslator translator;
+        QVERIFY(translator.load(QStringLiteral(TEST_CATALOGUE)));
+        QVERIFY(QCoreApplication::installTranslator(&translator));
+        const auto remove = qScopeGuard([&translator] { QCoreApplication::removeTranslator(&translator); });
+
+        // Applied at construction only: the earlier dialog keeps its text.
+        QCOMPARE(textOf(&constructedBefore, "quitButton"), QString("Quit"));
+        CHostWarningDlg hostWarning(nullptr);
+        QCOMPARE(textOf(&hostWarning, "quitButton"), QString("Test quit"));
+
+        QStringList seen;
+        whenModalShown<CMessageBox>([&seen](CMessageBox* box) {
+            seen << textOf(box, "yesButton") << box->windowTitle();
+            box->reject();
+        });
+        CMessageBox::yesNoMessage(nullptr, "Question", 165);
+        QCOMPARE(seen, (QStringList{"Test yes", "Test dialog"}));
+
+        CAboutDlg about;
+        QCOMPARE(about.windowTitle(), QString("Test about Vexa Rectivo 3"));
+        QCOMPARE(textOf(&about, "aboutLabel"), QString("Test version 3.2.0 / Build 254 / 64 bit"));
+        CAboutSorelDlg sorel;
+        QCOMPARE(textOf(&sorel, "label_sorel"), QString("Test collection"));
+        // Its own constructor's texts stand under CAboutSorelDlg, which the catalogue lacks.
+        QVERIFY(textOf(&sorel, "label_footer").startsWith("Version: 3.2.0.254"));
+    }
+};
+
+UTILSDLL_TEST_MAIN_WITH(TestDialogs, QApplication)
+#include "tst_dialogs.moc"
