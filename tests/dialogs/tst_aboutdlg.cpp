@@ -106,38 +106,34 @@ private slots:
         QVERIFY(added->wordWrap() && added->openExternalLinks());
     }
 
-    void productNameAndVersion()
+    void fixedTextsOfBothBoxes()
     {
-        CAboutDlg dialog;
-        QCOMPARE(dialog.windowTitle(), QString("About Vexa Rectivo 3"));
-        QCOMPARE(textOf(&dialog, "aboutLabel"), QString("Version 3.2.0 / Build 254 / 64 bit"));
-        QCOMPARE(textOf(&dialog, "label_3"), QString("Shift your perspective"));
-        QVERIFY(textOf(&dialog, "lbVisitVexaHomePage")
+        CAboutDlg about;
+        QCOMPARE(about.windowTitle(), QString("About Vexa Rectivo 3"));
+        QCOMPARE(textOf(&about, "aboutLabel"), QString("Version 3.2.0 / Build 254 / 64 bit"));
+        QCOMPARE(textOf(&about, "label_3"), QString("Shift your perspective"));
+        QVERIFY(textOf(&about, "lbVisitVexaHomePage")
                     .contains("?utm_source=Rectivo3&utm_medium=software&utm_content=empty"));
-        QVERIFY(dialog.findChild<QWidget*>("label_3")->styleSheet().endsWith(
+        QVERIFY(about.findChild<QWidget*>("label_3")->styleSheet().endsWith(
             "font-size: 20px; font-weight: bold; font-family: \"OpenSansLight\";"));
-        QCOMPARE(dialog.findChild<QWidget*>("grayWidget")->styleSheet(), QString("background:#262626"));
-        QCOMPARE(dialog.findChild<QWidget*>("blackWidget")->styleSheet(), QString("background:black"));
-        dialog.updateProductName("");
-        QCOMPARE(textOf(&dialog, "label_1"), QString("Vexa Rectivo 3"));
-        dialog.updateProductName("Pro");
-        QCOMPARE(textOf(&dialog, "label_1"), QString("Vexa Rectivo 3 Pro"));
-    }
+        QCOMPARE(about.findChild<QWidget*>("grayWidget")->styleSheet(), QString("background:#262626"));
+        QCOMPARE(about.findChild<QWidget*>("blackWidget")->styleSheet(), QString("background:black"));
+        about.updateProductName("");
+        QCOMPARE(textOf(&about, "label_1"), QString("Vexa Rectivo 3"));
+        about.updateProductName("Pro");
+        QCOMPARE(textOf(&about, "label_1"), QString("Vexa Rectivo 3 Pro"));
 
-    void sorelVariant()
-    {
-        CAboutSorelDlg dialog;
-        QCOMPARE(dialog.size(), QSize(417, 500));
-        QCOMPARE(dialog.minimumSize(), dialog.maximumSize());
-        QCOMPARE(dialog.windowTitle(), QString("About"));
-        QCOMPARE(textOf(&dialog, "label_sorel"), QString("Sorel Collection by Vexa"));
-        QVERIFY(textOf(&dialog, "label_product_name").contains(">Vexa Rectivo 3<sup>&reg;</sup></p>"));
-        QCOMPARE(textOf(&dialog, "label_footer"), QString("Version: 3.2.0.254 x64 (v0.0.0.0)"));
-        const QString link = textOf(&dialog, "label_acknowledgements");
-        QVERIFY2(link.startsWith("<a href=\"file:///" + QCoreApplication::applicationDirPath()
-                                 + "/Licenses/acknowledgments.html\""),
+        CAboutSorelDlg sorel;
+        QCOMPARE(sorel.size(), QSize(417, 500));
+        QCOMPARE(sorel.minimumSize(), sorel.maximumSize());
+        QCOMPARE(sorel.windowTitle(), QString("About"));
+        QCOMPARE(textOf(&sorel, "label_sorel"), QString("Sorel Collection by Vexa"));
+        QVERIFY(textOf(&sorel, "label_product_name").contains(">Vexa Rectivo 3<sup>&reg;</sup></p>"));
+        QCOMPARE(textOf(&sorel, "label_footer"), QString("Version: 3.2.0.254 x64 (v0.0.0.0)"));
+        const QString link = textOf(&sorel, "label_acknowledgements");
+        QVERIFY2(link.startsWith("<a href=\"file:///" + licencesFolder() + "/acknowledgments.html\""),
                  qPrintable(link));
-        QCOMPARE(dialog.findChild<QLabel*>("label_acknowledgements")->textInteractionFlags(),
+        QCOMPARE(sorel.findChild<QLabel*>("label_acknowledgements")->textInteractionFlags(),
                  Qt::TextBrowserInteraction);
     }
 
