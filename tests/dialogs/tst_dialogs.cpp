@@ -1,0 +1,656 @@
+#include "TestEnvironment.h"
+#include "TestLogger.h"
+
+#include "AboutDlg.h"
+#include "CBaseDialog.h"
+#include "DialogDriver.h"
+#include "HostWarningDlg.h"
+#include "MessageBox.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QDir>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QPushButton>
+#include <QScreen>
+#include <QScopeGuard>
+#include <QTemporaryFile>
+#include <QThread>
+#include <QTranslator>
+
+#include <atomic>
+#include <cstdlib>
+#include <unistd.h>
+
+using UtilsDllTest::whenModalShown;
+using Vexa::CErrStrings;
+using Files = QMap<QString, QByteArray>;
+
+// Every heap allocation goes through these, so that a Show... call, made when memory has
+// run out, can be checked to allocate nothing at all.
+extern "C" {
+void* __libc_malloc(size_t size);
+void* __libc_calloc(size_t count, size_t size);
+void* __libc_realloc(void* pointer, size_t size);
+}
+
+namespace {
+std::atomic<bool> s_counting{false};
+std::atomic<long> s_allocations{0};
+void countAllocation()
+{
+    if (s_counting.load(std::memory_order_relaxed))
+        s_allocations.fetch_add(1, std::memory_order_relaxed);
+}
+} // namespace
+
+extern "C" {
+void* malloc(size_t size) { return countAllocation(), __libc_malloc(size); }
+void* calloc(size_t count, size_t size) { return countAllocation(), __libc_calloc(count, size); }
+void* realloc(void* pointer, size_t size) { return countAllocation(), __libc_realloc(pointer, size); }
+}
+
+namespace {
+
+// What the calls wrote to the standard error stream, and how many allocations they made.
+struct Shown
+{
+    QString text;
+    long allocations;
+};
+
+template <class Call>
+Shown captureStandardError(Call call)
+{
+    QTemporaryFile capture;
+    if (!capture.open())
+        return {"capture failed", -1};
+    fflush(stderr);
+    const int saved = dup(STDERR_FILENO);
+    dup2(capture.handle(), STDERR_FILENO);
+    s_allocations = 0;
+    s_counting = true;
+    call();
+    s_counting = false;
+    const long allocations = s_allocations;
+    dup2(saved, STDERR_FILENO);
+    close(saved);
+    capture.seek(0);
+    return {QString::fromUtf8(capture.readAll()), allocations};
+}
+
+
+enum Entry { Information, Warning, Critical, YesNo, Rotate, SaveDiscardCancel, BackgroundProcessing };
+
+// Runs the entry and returns its answer as an int (-1 for the entries with none).
+int runEntry(Entry entry, const QString& text, int height)
+{
+    switch (entry) {
+    case Information: CMessageBox::information(nullptr, text, height); return -1;
+    case Warning: CMessageBox::warning(nullptr, text, height); return -1;
+    case Critical: CMessageBox::critical(nullptr, text, height); return -1;
+    case YesNo: return CMessageBox::yesNoMessage(nullptr, text, height);
+    case Rotate: return CMessageBox::rotateQuestion(nullptr, text, height) ? 1 : 0;
+    case SaveDiscardCancel: return CMessageBox::saveDiscardCancelMessage(nullptr, text, height);
+    case BackgroundProcessing: return CMessageBox::backgroundProcessingCancelMessage(nullptr, text);
+    }
+    return -2;
+}
+
+// What a user does: "Escape" or "Return" to the focused widget, else a click on the named button.
+void act(QWidget* dialog, const QString& action)
+{
+    QWidget* focus = QApplication::focusWidget() ? QApplication::focusWidget() : dialog;
+    if (action == "Escape" || action == "Return")
+        QTest::keyClick(focus, action == "Escape" ? Qt::Key_Escape : Qt::Key_Return);
+    else
+        QTest::mouseClick(dialog->findChild<QPushButton*>(action), Qt::LeftButton);
+}
+
+// The dialog's buttons from left to right, as "name:text", the default one starred.
+QStringList buttonsOf(QWidget* dialog)
+{
+    QList<QPushButton*> buttons = dialog->findChildren<QPushButton*>();
+    std::sort(buttons.begin(), buttons.end(), [dialog](QPushButton* a, QPushButton* b) {
+        return a->mapTo(dialog, QPoint()).x() < b->mapTo(dialog, QPoint()).x();
+    });
+    QStringList result;
+    for (QPushButton* button : buttons)
+        result << button->objectName() + ':' + button->text() + (button->isDefault() ? "*" : "");
+    return result;
+}
+
+QString textOf(QWidget* dialog, const char* name)
+{
+    return dialog->findChild<QWidget*>(name)->property("text").toString();
+}
+
+// The licence folder sits beside the test program, which has a folder of its own.
+const QString s_separator = "<br>******************************************************<br>";
+
+QString licencesFolder()
+{
+    return QCoreApplication::applicationDirPath() + "/Licenses";
+}
+
+void writeLicences(const Files& files)
+{
+    QDir(licencesFolder()).removeRecursively();
+    QDir().mkpath(licencesFolder());
+    for (auto it = files.begin(); it != files.end(); ++it) {
+        QFile file(licencesFolder() + '/' + it.key());
+        file.open(QIODevice::WriteOnly);
+        file.write(it.value());
+    }
+}
+
+QList<QLabel*> licenceLabels(QWidget* dialog)
+{
+    return dialog->findChildren<QLabel*>("lbVisitVexaPatentsPage");
+}
+
+class HeaderDialog : public CBaseDialog
+{
+public:
+    explicit HeaderDialog(int headerHeight, Qt::WindowFlags flags = {})
+        : CBaseDialog(nullptr, flags)
+    {
+        setHeaderHeight(headerHeight);
+        setMinimumSize(200, 120);
+        button = new QPushButton("Button", this);
+        button->setGeometry(100, 80, 80, 30);
+    }
+    QPushButton* button;
+};
+
+// Mouse events carry explicit global positions: the dialog moves under the pointer.
+void sendMouse(QWidget* target, QEvent::Type type, const QPoint& global, Qt::MouseButton button,
+               Qt::MouseButtons held)
+{
+    QMouseEvent event(type, target->mapFromGlobal(global), global, button, held, Qt::NoModifier);
+    QApplication::sendEvent(target, &event);
+}
+
+QPoint screenCentreFor(const QWidget& window)
+{
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    return screen.topLeft() + QPoint((screen.width() - window.frameGeometry().width()) / 2,
+                                     (screen.height() - window.frameGeometry().height()) / 2);
+}
+
+} // namespace
+
+using Answers = QList<QPair<QString, int>>;
+Q_DECLARE_METATYPE(Entry)
+Q_DECLARE_METATYPE(Answers)
+Q_DECLARE_METATYPE(Qt::MouseButton)
+
+// The base dialog, the message boxes, the host warning, the about boxes and the error strings.
+class TestDialogs : public QObject
+{
+    Q_OBJECT
+private slots:
+    void cleanup() { QDir(licencesFolder()).removeRecursively(); }
+
+    void baseDialogFrameAndCentring()
+    {
+        HeaderDialog dialog(0, Qt::WindowMinMaxButtonsHint | Qt::WindowContextHelpButtonHint);
+        QVERIFY(dialog.windowFlags() & Qt::FramelessWindowHint);
+        QVERIFY(!(dialog.windowFlags() & (Qt::WindowMinMaxButtonsHint | Qt::WindowContextHelpButtonHint)));
+        QVERIFY(dialog.testAttribute(Qt::WA_TranslucentBackground));
+
+        // Centred on the first show only: shown again, it stays where it was left.
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        QCOMPARE(dialog.pos(), screenCentreFor(dialog));
+        dialog.hide();
+        dialog.move(7, 9);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        QCOMPARE(dialog.pos(), QPoint(7, 9));
+
+        // The scripting client reaches these by name.
+        QVERIFY(QMetaObject::invokeMethod(&dialog, "moveToScreenCenter"));
+        QCOMPARE(dialog.pos(), screenCentreFor(dialog));
+        dialog.setObjectName("ScriptedDialog");
+        QString name;
+        QVERIFY(QMetaObject::invokeMethod(&dialog, "getObjectName", Q_RETURN_ARG(QString, name)));
+        QCOMPARE(name, QString("ScriptedDialog"));
+        QVERIFY(dialog.metaObject()->indexOfSlot("sendNotification()") >= 0);
+    }
+
+    void dragByHeaderBand_data()
+    {
+        QTest::addColumn<int>("header");
+        QTest::addColumn<QPoint>("press");
+        QTest::addColumn<bool>("onButton");
+        QTest::addColumn<Qt::MouseButton>("button");
+        QTest::addColumn<bool>("drags");
+
+        QTest::newRow("band 30, press at 30") << 30 << QPoint(10, 30) << false << Qt::LeftButton << true;
+        QTest::newRow("band 30, press at 31") << 30 << QPoint(10, 31) << false << Qt::LeftButton << false;
+        QTest::newRow("band 30, press at 0") << 30 << QPoint(10, 0) << false << Qt::LeftButton << true;
+        QTest::newRow("no band, press low down") << 0 << QPoint(10, 110) << false << Qt::LeftButton << true;
+        QTest::newRow("no band, press on a button") << 0 << QPoint(5, 5) << true << Qt::LeftButton << false;
+        QTest::newRow("right button") << 0 << QPoint(10, 10) << false << Qt::RightButton << false;
+    }
+
+    void dragByHeaderBand()
+    {
+        QFETCH(int, header);
+        QFETCH(QPoint, press);
+        QFETCH(bool, onButton);
+        QFETCH(Qt::MouseButton, button);
+        QFETCH(bool, drags);
+
+        HeaderDialog dialog(header);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        QWidget* target = onButton ? static_cast<QWidget*>(dialog.button) : &dialog;
+        const QPoint start = dialog.pos();
+        const QPoint global = target->mapToGlobal(press);
+        sendMouse(target, QEvent::MouseButtonPress, global, button, button);
+        sendMouse(target, QEvent::MouseMove, global + QPoint(40, 25), Qt::NoButton, button);
+        sendMouse(target, QEvent::MouseButtonRelease, global + QPoint(40, 25), button, Qt::NoButton);
+        QCOMPARE(dialog.pos() - start, drags ? QPoint(40, 25) : QPoint(0, 0));
+    }
+
+    void anyReleaseEndsADrag()
+    {
+        HeaderDialog dialog(0);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        const QPoint start = dialog.pos();
+        const QPoint global = dialog.mapToGlobal(QPoint(10, 10));
+        sendMouse(&dialog, QEvent::MouseButtonPress, global, Qt::LeftButton, Qt::LeftButton);
+        sendMouse(&dialog, QEvent::MouseMove, global + QPoint(10, 10), Qt::NoButton, Qt::LeftButton);
+        QCOMPARE(dialog.pos(), start + QPoint(10, 10));
+        sendMouse(&dialog, QEvent::MouseButtonRelease, global, Qt::RightButton, Qt::LeftButton);
+        sendMouse(&dialog, QEvent::MouseMove, global + QPoint(80, 80), Qt::NoButton, Qt::LeftButton);
+        QCOMPARE(dialog.pos(), start + QPoint(10, 10));
+    }
+
+    void messageBoxEntries_data()
+    {
+        QTest::addColumn<Entry>("entry");
+        QTest::addColumn<QStringList>("buttons"); // "name:text" from left to right, the default starred
+        QTest::addColumn<int>("height");
+        QTest::addColumn<QSize>("iconSize");
+        QTest::addColumn<Answers>("answers"); // a button's object name, or "Escape" / "Return"
+
+        const QSize small(34, 34);
+        const QSize natural(-1, -1);
+        const int yes = QMessageBox::Yes, no = QMessageBox::No, save = QMessageBox::Save;
+        const int discard = QMessageBox::Discard, cancel = QMessageBox::Cancel;
+        QTest::newRow("information") << Information << QStringList{"mbSipleButton:OK*"} << 200 << small
+                                     << Answers{{"mbSipleButton", -1}};
+        QTest::newRow("warning") << Warning << QStringList{"mbSipleButton:Close*"} << 210 << small
+                                 << Answers{{"Escape", -1}};
+        QTest::newRow("critical") << Critical << QStringList{"mbSipleButton:Close*"} << 220 << small
+                                  << Answers{{"Return", -1}};
+        QTest::newRow("yes/no") << YesNo << QStringList{"yesButton:Yes*", "noButton:No"} << 230 << small
+                                << Answers{{"yesButton", yes}, {"noButton", no}, {"Escape", no}, {"Return", yes}};
+        QTest::newRow("rotate") << Rotate << QStringList{"rotateButton:Rotate*", "cancelButton:Cancel"} << 240
+                                << natural
+                                << Answers{{"rotateButton", 1}, {"cancelButton", 0}, {"Escape", 0}, {"Return", 1}};
+        QTest::newRow("save/discard/cancel")
+            << SaveDiscardCancel << QStringList{"discardButton:Don't save", "saveButton:Save*", "cancelButton:Cancel"}
+            << 250 << natural
+            << Answers{{"saveButton", save}, {"discardButton", discard}, {"cancelButton", cancel},
+                       {"Escape", cancel}, {"Return", save}};
+        QTest::newRow("background processing")
+            << BackgroundProcessing
+            << QStringList{"dontQuitButton:Don't quit", "quitWithoutSavingButton:Quit without saving*"} << 165
+            << small
+            << Answers{{"quitWithoutSavingButton", discard}, {"dontQuitButton", cancel}, {"Escape", cancel},
+                       {"Return", discard}};
+    }
+
+    void messageBoxEntries()
+    {
+        QFETCH(Entry, entry);
+        QFETCH(QStringList, buttons);
+        QFETCH(int, height);
+        QFETCH(QSize, iconSize);
+        QFETCH(Answers, answers);
+
+        bool checked = false;
+        whenModalShown<CMessageBox>([&](CMessageBox* box) {
+            const auto close = qScopeGuard([box] { box->reject(); }); // even when a check fails
+            QCOMPARE(box->size(), QSize(520, height));
+            QCOMPARE(buttonsOf(box), buttons);
+            QCOMPARE(box->findChild<QWidget*>("iconWidget")->property("mandatoryImageSize").toSize(), iconSize);
+            QCOMPARE(textOf(box, "textLabel"), QString("Some text"));
+            QCOMPARE(box->windowTitle(), QString("Dialog"));
+            for (QPushButton* button : box->findChildren<QPushButton*>())
+                QCOMPARE(button->minimumSize(), QSize(80, 36));
+            QVERIFY(box->findChild<QWidget*>("wBackgroundWidget"));
+            checked = true;
+        });
+        runEntry(entry, "Some text", height);
+        QVERIFY(checked);
+
+        for (const auto& answer : answers) {
+            whenModalShown<CMessageBox>([answer](CMessageBox* box) { act(box, answer.first); });
+            QVERIFY2(runEntry(entry, "Question?", 200) == answer.second, qPrintable(answer.first));
+            QVERIFY(!QApplication::activeModalWidget());
+        }
+    }
+
+    void scriptedAnswersAreOnlyStored()
+    {
+        UtilsDllTest::ScopedTestLogger logger;
+        bool scripted = false;
+        whenModalShown<CMessageBox>([&scripted, &logger](CMessageBox* box) {
+            const auto answer = qScopeGuard([box] { act(box, "noButton"); });
+            // The scripting client reaches the setters by name; they only store.
+            QVERIFY(QMetaObject::invokeMethod(box, "setYesNoMessage", Q_ARG(bool, true)));
+            QVERIFY(QMetaObject::invokeMethod(box, "setRotateQuestion", Q_ARG(bool, true)));
+            QVERIFY(QMetaObject::invokeMethod(box, "setYesNoMessageWithCheckBox", Q_ARG(bool, true),
+                                              Q_ARG(bool, true)));
+            QVERIFY(QMetaObject::invokeMethod(box, "setSaveDiscardCancelMessage", Q_ARG(int, QMessageBox::Save)));
+            QVERIFY(logger->lines().isEmpty());
+            QVERIFY(QMetaObject::invokeMethod(box, "setSaveDiscardCancelMessage", Q_ARG(int, QMessageBox::Yes)));
+            QCOMPARE(logger->linesAt('E').size(), 1);
+            QVERIFY(logger->linesAt('E').first().contains("ASSERT in "));
+            scripted = true;
+        });
+        QCOMPARE(CMessageBox::yesNoMessage(nullptr, "First", 200), QMessageBox::No);
+        QVERIFY(scripted);
+
+        // A predefined Yes does not answer the next dialog: the user does.
+        whenModalShown<CMessageBox>([](CMessageBox* box) { act(box, "noButton"); });
+        QCOMPARE(CMessageBox::yesNoMessage(nullptr, "Second", 200), QMessageBox::No);
+    }
+
+    void hostWarningEndings_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<bool>("quits");
+
+        QTest::newRow("Quit button") << "quitButton" << true;
+        QTest::newRow("Try button") << "tryButton" << false;
+        QTest::newRow("Escape") << "Escape" << false;
+        // The focus starts on Quit, so Return at once quits.
+        QTest::newRow("Return") << "Return" << true;
+    }
+
+    void hostWarningEndings()
+    {
+        QFETCH(QString, action);
+        QFETCH(bool, quits);
+
+        CHostWarningDlg dialog(nullptr);
+        QString focused;
+        whenModalShown<CHostWarningDlg>([&focused, action](CHostWarningDlg* shown) {
+            focused = QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
+            act(shown, action);
+        });
+        QCOMPARE(dialog.exec(), 0);
+        QCOMPARE(focused, QString("quitButton"));
+        QCOMPARE(dialog.hasUserChosenToQuit(), quits);
+        QVERIFY(!dialog.isVisible());
+    }
+
+    void hostWarningFormAndExplanation()
+    {
+        CHostWarningDlg dialog(nullptr);
+        dialog.show();
+        QApplication::setActiveWindow(&dialog);
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QStringList order;
+        for (int i = 0; i < 3; ++i) {
+            order << QApplication::focusWidget()->objectName();
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        QCOMPARE(order, (QStringList{"quitButton", "tryButton", "showExplanatoryCheckBox"}));
+        QCOMPARE(dialog.objectName(), QString("HostWarningDlg"));
+        QCOMPARE(dialog.windowTitle(), QString("Open original image"));
+        QCOMPARE(textOf(&dialog, "mainTextLabel"), QString("Your image cannot be modified."));
+        QCOMPARE(textOf(&dialog, "tryButton"), QString("Try"));
+        QCOMPARE(dialog.minimumWidth(), 600);
+        QCOMPARE(dialog.findChild<QWidget*>("wUpdateIcon")->size(), QSize(34, 34));
+
+        // The check box shows the explanation: dialog and frame grow downwards, and shrink back.
+        auto* frame = dialog.findChild<QWidget*>("wRoundedFrame");
+        auto* explanation = dialog.findChild<QWidget*>("explanationWidget");
+        auto* checkBox = dialog.findChild<QCheckBox*>("showExplanatoryCheckBox");
+        const QPoint topLeft = dialog.pos();
+        for (bool shown : {false, true, false}) {
+            if (shown != checkBox->isChecked())
+                QTest::mouseClick(checkBox, Qt::LeftButton, {}, QPoint(5, checkBox->height() / 2));
+            QCOMPARE(checkBox->isChecked(), shown);
+            QCOMPARE(dialog.height(), shown ? 315 : 180);
+            QCOMPARE(frame->height(), dialog.height());
+            QCOMPARE(explanation->isVisible(), shown);
+            QCOMPARE(dialog.pos(), topLeft);
+        }
+        QVERIFY(!dialog.hasUserChosenToQuit());
+    }
+
+    void showWritesPreparedTextsWithoutAllocating()
+    {
+        using Show = void (CErrStrings::*)() const;
+        const QList<QPair<Show, QString>> shows = {
+            {&CErrStrings::ShowSmallFreeSpaceDialog, "Error: Windows small space message on drive "},
+            {&CErrStrings::ShowOutOfMemoryDialog, "Error: Out of memory. Program will be closed.\n"},
+            {&CErrStrings::ShowOutOfMemoryInPhotoshopDialog,
+             "Error: Vexa Rectivo 3 has run out of memory. The application may now become unstable. Please close "
+             "Vexa Rectivo 3 and Photoshop, quit all other programs running, and try again.\n"},
+            {&CErrStrings::ShowUnhandledExceptionDialog, "Error: Unhandled exception. Program will be closed.\n"}};
+
+        const CErrStrings strings;
+        // A window is active, so the owner is looked up too.
+        QWidget window;
+        window.show();
+        QApplication::setActiveWindow(&window);
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        for (const auto& show : shows) {
+            const Shown shown = captureStandardError([&strings, &show]() { (strings.*show.first)(); });
+            QCOMPARE(shown.allocations, 0L);
+            QVERIFY2(shown.text.startsWith(show.second), qPrintable(shown.text));
+        }
+        // The hook does see allocations: a string made in the window is counted.
+        QVERIFY(captureStandardError([]() { QString made = QString::number(123456789); }).allocations > 0);
+    }
+
+    void driveOfTheTemporaryFolder_data()
+    {
+        QTest::addColumn<QByteArray>("temporaryFolder");
+        QTest::addColumn<QString>("drive");
+
+        // The folder must exist to be taken. Cut at the first ':' only.
+        const QString root = UtilsDllTest::IsolatedEnvironment::root();
+        QDir(root).mkpath("D:Temp/E:inner");
+        QTest::newRow("drive letter") << QFile::encodeName(root + "/D:Temp/E:inner") << root + "/D:\\";
+        // Without a ':' the whole path stays, then ":\" follows.
+        QTest::newRow("no drive") << QFile::encodeName(root) << root + ":\\";
+    }
+
+    void driveOfTheTemporaryFolder()
+    {
+        QFETCH(QByteArray, temporaryFolder);
+        QFETCH(QString, drive);
+
+        const QByteArray saved = qgetenv("TMPDIR");
+        qputenv("TMPDIR", temporaryFolder);
+        CErrStrings strings;
+        qputenv("TMPDIR", saved);
+        const auto smallSpaceOf = [](const CErrStrings& shown) {
+            return captureStandardError([&shown]() { shown.ShowSmallFreeSpaceDialog(); }).text;
+        };
+        const QString expected = "Error: Windows small space message on drive " + drive + "\n";
+        QCOMPARE(smallSpaceOf(strings), expected);
+
+        // Copies keep the prepared texts; Retranslate recomputes from the present folder.
+        const CErrStrings copy(strings);
+        CErrStrings assigned;
+        assigned = strings;
+        strings.Retranslate();
+        QCOMPARE(smallSpaceOf(copy), expected);
+        QCOMPARE(smallSpaceOf(assigned), expected);
+        QVERIFY(!smallSpaceOf(strings).contains(drive));
+    }
+
+    // The translation contexts are a contract with the catalogues: a test catalogue with one
+    // entry per context shows that each text is looked up where it should be.
+    void translationContexts()
+    {
+        const CErrStrings madeBefore;
+        CHostWarningDlg constructedBefore(nullptr);
+        QTranslator translator;
+        QVERIFY(translator.load(QStringLiteral(TEST_CATALOGUE)));
+        QVERIFY(QCoreApplication::installTranslator(&translator));
+        const auto remove = qScopeGuard([&translator] { QCoreApplication::removeTranslator(&translator); });
+
+        // Error strings follow Retranslate only, not the translator in force when shown.
+        const auto outOfMemoryOf = [](const CErrStrings& shown) {
+            return captureStandardError([&shown]() { shown.ShowOutOfMemoryDialog(); }).text;
+        };
+        CErrStrings retranslated(madeBefore);
+        QCOMPARE(outOfMemoryOf(retranslated), QString("Error: Out of memory. Program will be closed.\n"));
+        retranslated.Retranslate();
+        QCOMPARE(outOfMemoryOf(retranslated), QString("Test error: Test: out of memory\n"));
+        QCOMPARE(outOfMemoryOf(madeBefore), QString("Error: Out of memory. Program will be closed.\n"));
+
+        // Dialogs translate at construction only: the earlier dialog keeps its text.
+        QCOMPARE(textOf(&constructedBefore, "quitButton"), QString("Quit"));
+        CHostWarningDlg hostWarning(nullptr);
+        QCOMPARE(textOf(&hostWarning, "quitButton"), QString("Test quit"));
+
+        QStringList seen;
+        whenModalShown<CMessageBox>([&seen](CMessageBox* box) {
+            seen << textOf(box, "yesButton") << box->windowTitle();
+            box->reject();
+        });
+        CMessageBox::yesNoMessage(nullptr, "Question", 165);
+        QCOMPARE(seen, (QStringList{"Test yes", "Test dialog"}));
+
+        CAboutDlg about;
+        QCOMPARE(about.windowTitle(), QString("Test about Vexa Rectivo 3"));
+        QCOMPARE(textOf(&about, "aboutLabel"), QString("Test version 3.2.0 / Build 254 / 64 bit"));
+        CAboutSorelDlg sorel;
+        QCOMPARE(textOf(&sorel, "label_sorel"), QString("Test collection"));
+        // Its own constructor's texts stand under CAboutSorelDlg, which the catalogue lacks.
+        QVERIFY(textOf(&sorel, "label_footer").startsWith("Version: 3.2.0.254"));
+    }
+
+    void licencesReadAtOnce_data()
+    {
+        QTest::addColumn<Files>("files");
+        QTest::addColumn<QStringList>("texts"); // the texts shown, in either order
+        QTest::addColumn<int>("separators");
+
+        QTest::newRow("no folder") << Files() << QStringList() << -1;
+        QTest::newRow("one file") << Files{{"one.txt", "first line\nsecond line\n"}}
+                                  << QStringList{"first line<br>second line<br>"} << 0;
+        QTest::newRow("two files") << Files{{"one.txt", "A\n"}, {"two.txt", "B\n"}} << QStringList{"A<br>", "B<br>"}
+                                   << 1;
+        // An empty file drops out of the join, and is taken off the list all the same.
+        QTest::newRow("one of two empty") << Files{{"one.txt", ""}, {"two.txt", "B\n"}} << QStringList{"B<br>"} << 0;
+        QTest::newRow("other files ignored") << Files{{"one.txt", "A\n"}, {"notes.md", "M\n"}} << QStringList{"A<br>"}
+                                             << 0;
+    }
+
+    void licencesReadAtOnce()
+    {
+        QFETCH(Files, files);
+        QFETCH(QStringList, texts);
+        QFETCH(int, separators);
+
+        if (separators >= 0)
+            writeLicences(files);
+        CAboutDlg dialog;
+        QVERIFY(!dialog.findChild<QThread*>());
+        QCOMPARE(licenceLabels(&dialog).size(), 1);
+        const QString shown = licenceLabels(&dialog).first()->text();
+        QVERIFY(shown.startsWith("Vexa Rectivo and the Vexa logo"));
+        for (const QString& text : texts)
+            QVERIFY2(shown.contains(text), qPrintable(shown));
+        QCOMPARE(shown.count(s_separator), qMax(separators, 0));
+        QCOMPARE(shown.contains(s_separator + "<br>"), separators > 0);
+        QVERIFY(!shown.endsWith(s_separator));
+    }
+
+    void thirdLicenceArrivesFromItsThread()
+    {
+        writeLicences({{"one.txt", "A\n"}, {"two.txt", "B\n"}, {"three.txt", "C\n"}});
+        CAboutDlg dialog;
+        auto* thread = dialog.findChild<QThread*>();
+        QVERIFY(thread);
+        QVERIFY(thread->wait(5000));
+        QTRY_COMPARE(licenceLabels(&dialog).size(), 2);
+
+        // The first label holds two texts and ends with the separator; the last file's has none.
+        const QString first = licenceLabels(&dialog).at(0)->text();
+        QLabel* added = licenceLabels(&dialog).at(1);
+        QVERIFY(first.endsWith(s_separator));
+        QCOMPARE(first.count(s_separator), 2);
+        QVERIFY(QStringList({"A<br>", "B<br>", "C<br>"}).contains(added->text()));
+        QVERIFY(!first.contains(added->text()));
+        QCOMPARE(added->parentWidget()->objectName(), QString("scrollAreaWidgetContents"));
+        QVERIFY(added->wordWrap() && added->openExternalLinks());
+    }
+
+    void fixedTextsOfBothBoxes()
+    {
+        CAboutDlg about;
+        QCOMPARE(about.windowTitle(), QString("About Vexa Rectivo 3"));
+        QCOMPARE(textOf(&about, "aboutLabel"), QString("Version 3.2.0 / Build 254 / 64 bit"));
+        QCOMPARE(textOf(&about, "label_3"), QString("Shift your perspective"));
+        QVERIFY(textOf(&about, "lbVisitVexaHomePage")
+                    .contains("?utm_source=Rectivo3&utm_medium=software&utm_content=empty"));
+        QVERIFY(about.findChild<QWidget*>("label_3")->styleSheet().endsWith(
+            "font-size: 20px; font-weight: bold; font-family: \"OpenSansLight\";"));
+        QCOMPARE(about.findChild<QWidget*>("grayWidget")->styleSheet(), QString("background:#262626"));
+        QCOMPARE(about.findChild<QWidget*>("blackWidget")->styleSheet(), QString("background:black"));
+        about.updateProductName("");
+        QCOMPARE(textOf(&about, "label_1"), QString("Vexa Rectivo 3"));
+        about.updateProductName("Pro");
+        QCOMPARE(textOf(&about, "label_1"), QString("Vexa Rectivo 3 Pro"));
+
+        CAboutSorelDlg sorel;
+        QCOMPARE(sorel.size(), QSize(417, 500));
+        QCOMPARE(sorel.minimumSize(), sorel.maximumSize());
+        QCOMPARE(sorel.windowTitle(), QString("About"));
+        QCOMPARE(textOf(&sorel, "label_sorel"), QString("Sorel Collection by Vexa"));
+        QVERIFY(textOf(&sorel, "label_product_name").contains(">Vexa Rectivo 3<sup>&reg;</sup></p>"));
+        QCOMPARE(textOf(&sorel, "label_footer"), QString("Version: 3.2.0.254 x64 (v0.0.0.0)"));
+        const QString link = textOf(&sorel, "label_acknowledgements");
+        QVERIFY2(link.startsWith("<a href=\"file:///" + licencesFolder() + "/acknowledgments.html\""),
+                 qPrintable(link));
+        QCOMPARE(sorel.findChild<QLabel*>("label_acknowledgements")->textInteractionFlags(),
+                 Qt::TextBrowserInteraction);
+    }
+
+    // Runs again under Xvfb, by name, since a real X server delivers activation differently.
+    // Closing is also how both boxes are deleted: they delete themselves on close.
+    void closesWhenAnotherWindowIsActivated()
+    {
+        QWidget other;
+        other.resize(200, 200);
+        other.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&other));
+
+        for (int variant = 0; variant < 2; ++variant) {
+            QPointer<QWidget> about = variant == 0 ? static_cast<QWidget*>(new CAboutDlg)
+                                                   : static_cast<QWidget*>(new CAboutSorelDlg);
+            // Hidden and shown again, it keeps one filter: one loss of activation still closes it.
+            for (int round = 0; round < 2; ++round) {
+                about->hide();
+                about->show();
+                about->activateWindow();
+                QVERIFY(QTest::qWaitForWindowActive(about));
+            }
+            QVERIFY(about);
+            other.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&other));
+            QTRY_VERIFY(about.isNull());
+        }
+    }
+};
+
+UTILSDLL_TEST_MAIN_WITH(TestDialogs, QApplication)
+#include "tst_dialogs.moc"

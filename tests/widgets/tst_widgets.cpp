@@ -1,0 +1,678 @@
+#include "TestEnvironment.h"
+#include "TestLogger.h"
+
+#include "CVerticalLabel.h"
+#include "GuiUtils.h"
+#include "IconViewer.h"
+#include "ToolDrawing.h"
+#include "customvexaappstyle.h"
+
+#include <QApplication>
+#include <QListView>
+#include <QPainter>
+#include <QPushButton>
+#include <QScreen>
+#include <QStyleFactory>
+#include <QStyleOption>
+#include <QTemporaryDir>
+#include <QTreeView>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <memory>
+
+using namespace Vexa;
+
+Q_DECLARE_METATYPE(QList<QPointF>)
+Q_DECLARE_METATYPE(Qt::AspectRatioMode)
+
+namespace {
+
+// The rectangle covered by pixels that are at least half opaque; null if none.
+QRect inkRect(const QImage& image)
+{
+    QRect rect;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(image.pixel(x, y)) >= 128)
+                rect |= QRect(x, y, 1, 1);
+    return rect;
+}
+
+QImage filledImage(int width, int height, QRgb colour)
+{
+    QImage image(width, height, QImage::Format_ARGB32);
+    image.fill(colour);
+    return image;
+}
+
+// A 10 by 4 tile: its first column blue, the rest red, so that tiles can be told apart.
+QPixmap tile()
+{
+    QImage image = filledImage(10, 4, qRgb(255, 0, 0));
+    for (int y = 0; y < 4; ++y)
+        image.setPixel(0, y, qRgb(0, 0, 255));
+    return QPixmap::fromImage(image);
+}
+
+QImage drawn(const std::function<void(QPainter&)>& paint)
+{
+    QImage image(120, 100, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    paint(painter);
+    return image;
+}
+
+QImage line(const QPointF& a, const QPointF& b, bool stretch = false, const QRectF& clip = QRectF())
+{
+    return drawn([&](QPainter& painter) { drawToolLine(a, b, tile(), stretch, &painter, clip); });
+}
+
+QPixmap solidPixmap(const QSize& size, const QColor& colour = Qt::red)
+{
+    QPixmap pixmap(size);
+    pixmap.fill(colour);
+    return pixmap;
+}
+
+QImage rendered(QWidget& widget)
+{
+    QImage image(widget.size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    widget.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+    return image;
+}
+
+class PaintCounter : public QWidget
+{
+public:
+    int paints = 0;
+
+protected:
+    void paintEvent(QPaintEvent*) override { ++paints; }
+};
+
+QImage primitive(const QStyle& style, QStyle::PrimitiveElement element)
+{
+    QStyleOptionFocusRect option;
+    option.rect = QRect(0, 0, 20, 20);
+    option.palette = QApplication::palette();
+    QImage image(20, 20, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    {
+        QPainter painter(&image);
+        style.drawPrimitive(element, &option, &painter);
+    }
+    return image;
+}
+
+} // namespace
+
+// GUI helpers and tool drawing, the icon viewer and vertical label, the application style.
+class TestWidgets : public QObject
+{
+    Q_OBJECT
+private slots:
+    void init()
+    {
+        // A 300 by 300 viewer whose contents area is the square (100, 100, 100, 100).
+        m_viewer = std::make_unique<CIconViewer>();
+        m_viewer->resize(300, 300);
+        m_viewer->setContentsMargins(100, 100, 100, 100);
+        m_style = std::make_unique<CustomVexaAppStyle>();
+        m_windows.reset(QStyleFactory::create("Windows"));
+    }
+
+    void compareImagesGrades_data()
+    {
+        QTest::addColumn<QImage>("first");
+        QTest::addColumn<QImage>("second");
+        QTest::addColumn<double>("input");
+        QTest::addColumn<double>("threshold");
+        QTest::addColumn<int>("result");
+        QTest::addColumn<double>("difference");
+
+        const QImage red = filledImage(2, 1, qRgb(255, 0, 0));
+        const QImage black = filledImage(2, 1, qRgb(0, 0, 0));
+        QImage oneRedPixel = black;
+        oneRedPixel.setPixel(0, 0, qRgb(255, 0, 0));
+        QTest::newRow("null first") << QImage() << red << 7.0 << 0.5 << int(ImgCmpInvalid) << 7.0;
+        QTest::newRow("null second") << red << QImage() << 7.0 << 0.5 << int(ImgCmpInvalid) << 7.0;
+        QTest::newRow("sizes differ") << red << filledImage(1, 2, 0) << 7.0 << 0.5 << int(ImgCmpSizeDiffers) << 7.0;
+        QTest::newRow("equal") << red << red << 0.0 << 0.5 << int(ImgCmpSimilar) << 0.0;
+        QTest::newRow("equal, strict threshold") << red << red << 0.0 << 0.0 << int(ImgCmpDifferent) << 0.0;
+        QTest::newRow("alpha only") << filledImage(2, 1, qRgba(10, 20, 30, 255))
+                                    << filledImage(2, 1, qRgba(10, 20, 30, 0)) << 0.0 << 0.5 << int(ImgCmpSimilar)
+                                    << 0.0;
+        // One channel differs by 255 over count = 6: 1 * 100 / 6 after the row, again at the end.
+        QTest::newRow("one channel") << oneRedPixel << black << 0.0 << 1000.0 << int(ImgCmpSimilar) << 10000.0 / 36.0;
+        // The caller's value takes part: (1 + 1) * 100 / 6 * 100 / 6.
+        QTest::newRow("input is summed") << oneRedPixel << black << 1.0 << 0.5 << int(ImgCmpDifferent)
+                                         << 20000.0 / 36.0;
+        QTest::newRow("NaN threshold") << red << red << 0.0 << std::numeric_limits<double>::quiet_NaN()
+                                       << int(ImgCmpDifferent) << 0.0;
+        // Wider than one vector step and not a multiple of it; every channel differs by 1.
+        QTest::newRow("odd width") << filledImage(7, 1, qRgb(1, 1, 1)) << filledImage(7, 1, qRgb(0, 0, 0)) << 0.0
+                                   << 0.5 << int(ImgCmpDifferent) << (21.0 / 255.0) * 10000.0 / (21.0 * 21.0);
+        // The value is rescaled after every row, so a difference in the first row of 20 all
+        // but vanishes, while one in the last row is scaled twice: 60 * 100 / 1200 * 100 / 1200.
+        const QImage black20 = filledImage(20, 20, qRgb(0, 0, 0));
+        QImage topWhite = black20;
+        QImage bottomWhite = black20;
+        for (int x = 0; x < 20; ++x) {
+            topWhite.setPixel(x, 0, qRgb(255, 255, 255));
+            bottomWhite.setPixel(x, 19, qRgb(255, 255, 255));
+        }
+        QTest::newRow("first row fades") << topWhite << black20 << 0.0 << 1.0 << int(ImgCmpSimilar)
+                                         << 60.0 * std::pow(100.0 / 1200.0, 21);
+        QTest::newRow("last row weighs most") << bottomWhite << black20 << 0.0 << 1.0 << int(ImgCmpSimilar)
+                                              << 60.0 * 100.0 / 1200.0 * 100.0 / 1200.0;
+    }
+
+    void compareImagesGrades()
+    {
+        QFETCH(QImage, first);
+        QFETCH(QImage, second);
+        QFETCH(double, input);
+        QFETCH(double, threshold);
+        QFETCH(int, result);
+        QFETCH(double, difference);
+
+        double value = input;
+        QCOMPARE(int(compareImages(first, second, value, threshold)), result);
+        QVERIFY2(std::abs(value - difference) <= 1e-9 * std::max(std::abs(difference), difference ? 0.0 : 1.0),
+                 qPrintable(QString::number(value, 'g', 17)));
+    }
+
+    void lineAndCircleIntersection_data()
+    {
+        QTest::addColumn<QLineF>("line");
+        QTest::addColumn<QList<QPointF>>("points"); // on the circle of radius 5 around (10, 10)
+
+        QTest::newRow("degenerate line") << QLineF(3, 3, 3, 3) << QList<QPointF>();
+        QTest::newRow("through centre, from the left") << QLineF(0, 10, 1, 10) << QList<QPointF>{{5, 10}, {15, 10}};
+        QTest::newRow("through centre, from the right") << QLineF(30, 10, 29, 10) << QList<QPointF>{{15, 10}, {5, 10}};
+        QTest::newRow("both points inside") << QLineF(9, 10, 11, 10) << QList<QPointF>{{5, 10}, {15, 10}};
+        QTest::newRow("vertical") << QLineF(12, 0, 12, 1)
+                                  << QList<QPointF>{{12, 10 - std::sqrt(21.0)}, {12, 10 + std::sqrt(21.0)}};
+        QTest::newRow("tangent") << QLineF(0, 15, 1, 15) << QList<QPointF>{{10, 15}};
+        QTest::newRow("missing") << QLineF(0, 16, 1, 16) << QList<QPointF>();
+    }
+
+    void lineAndCircleIntersection()
+    {
+        QFETCH(QLineF, line);
+        QFETCH(QList<QPointF>, points);
+
+        const QList<QPointF> actual =
+            lineAndCircleIntersectionPoints(line.x1(), line.y1(), line.x2(), line.y2(), 10, 10, 5);
+        QCOMPARE(actual.size(), points.size());
+        for (int i = 0; i < points.size(); ++i)
+            QVERIFY2(QLineF(actual[i], points[i]).length() < 1e-9,
+                     qPrintable(QString("%1: %2,%3").arg(i).arg(actual[i].x()).arg(actual[i].y())));
+    }
+
+    void centresTopLevelWindowsOnly()
+    {
+        UtilsDllTest::ScopedTestLogger logger;
+        const QRect screen = QGuiApplication::primaryScreen()->geometry();
+
+        // The plain case is the base dialog's first show. Larger than the screen: negative
+        // offsets, truncated toward zero.
+        QWidget window;
+        window.resize(screen.width() + 201, screen.height() + 101);
+        moveWindowToScreenCenter(&window, &window);
+        QCOMPARE(window.pos(), QPoint(screen.left() - 100, screen.top() - 50));
+        QVERIFY(logger->lines().isEmpty());
+
+        QWidget child(&window);
+        child.move(3, 4);
+        moveWindowToScreenCenter(&child, nullptr);
+        QCOMPARE(child.pos(), QPoint(3, 4));
+        moveWindowToScreenCenter(nullptr, nullptr);
+        QCOMPARE(logger->linesAt('E').size(), 2);
+        QVERIFY(logger->linesAt('E').first().endsWith(": Bug!!!"));
+
+        // The screen's logical resolution over 96, in single precision.
+        const float dpi = float(qRound(QGuiApplication::primaryScreen()->logicalDotsPerInchX()));
+        QCOMPARE(systemScalingFactor(), double(dpi / 96.0f));
+    }
+
+    void transparencyLeavesTextRoles()
+    {
+        QWidget widget;
+        QPalette palette = widget.palette();
+        palette.setColor(QPalette::WindowText, Qt::red);
+        widget.setPalette(palette);
+        setWidgetFullTransparency(&widget);
+        setWidgetFullTransparency(nullptr);
+        for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            for (QPalette::ColorRole role : {QPalette::Window, QPalette::Button, QPalette::Base, QPalette::Light,
+                                             QPalette::Midlight, QPalette::Dark, QPalette::Mid, QPalette::Shadow})
+                QCOMPARE(widget.palette().color(group, role).alpha(), 0);
+        }
+        QCOMPARE(widget.palette().color(QPalette::Active, QPalette::WindowText), QColor(Qt::red));
+    }
+
+    void toolLineInk_data()
+    {
+        QTest::addColumn<QLineF>("segment");
+        QTest::addColumn<QRectF>("clip");
+        QTest::addColumn<bool>("stretch");
+        QTest::addColumn<QRect>("ink");
+
+        const QRectF box(0, 0, 50, 50);
+        // Length 35: tiles at 0, 10, 20, 30, the last running 5 pixels past the end.
+        QTest::newRow("tiles overshoot") << QLineF(5, 20, 40, 20) << QRectF() << false << QRect(5, 20, 40, 4);
+        QTest::newRow("stretched") << QLineF(10, 20, 60, 20) << QRectF() << true << QRect(10, 20, 50, 4);
+        // Vertical lines run upward, and are not shifted either.
+        QTest::newRow("vertical") << QLineF(30, 80, 30, 50) << QRectF() << false << QRect(30, 40, 4, 40);
+        QTest::newRow("inside the clip") << QLineF(10, 20, 40, 20) << box << false << QRect(10, 20, 40, 4);
+        // Cut at x = 50: length 40, five tiles, the last overshooting the edge.
+        QTest::newRow("end outside") << QLineF(10, 20, 80, 20) << box << false << QRect(10, 20, 50, 4);
+        QTest::newRow("start outside") << QLineF(-30, 20, 20, 20) << box << false << QRect(0, 20, 30, 4);
+        QTest::newRow("both ends outside, crossing") << QLineF(-10, 20, 80, 20) << box << false << QRect();
+        QTest::newRow("both ends outside, empty clip")
+            << QLineF(-10, 20, 80, 20) << QRectF(0, 0, 50, 0) << false << QRect(0, 20, 90, 4);
+    }
+
+    void toolLineInk()
+    {
+        QFETCH(QLineF, segment);
+        QFETCH(QRectF, clip);
+        QFETCH(bool, stretch);
+        QFETCH(QRect, ink);
+        QCOMPARE(inkRect(line(segment.p1(), segment.p2(), stretch, clip)), ink);
+    }
+
+    void toolLineTilesAndPainterState()
+    {
+        const QImage image = line(QPointF(5, 20), QPointF(40, 20));
+        QList<int> blueColumns;
+        for (int x = 0; x < image.width(); ++x)
+            if (QColor(image.pixel(x, 21)) == QColor(Qt::blue))
+                blueColumns << x;
+        QCOMPARE(blueColumns, (QList<int>{5, 15, 25, 35}));
+
+        // At 45 degrees both ends go up by half the tile: the lower edge starts 2 pixels higher.
+        const QRect slanted = inkRect(line(QPointF(10, 60), QPointF(40, 30)));
+        QVERIFY2(slanted.bottom() <= 61 && slanted.bottom() >= 59, qPrintable(QString::number(slanted.bottom())));
+        QCOMPARE(slanted.left(), 10);
+
+        QVERIFY(inkRect(drawn([](QPainter& painter) {
+                    drawToolLine(QPointF(0, 0), QPointF(50, 0), QPixmap(), false, &painter, QRectF());
+                })).isNull());
+        drawToolLine(QPointF(0, 0), QPointF(50, 0), tile(), false, nullptr, QRectF());
+
+        // The transform comes back; the smoothing hint stays on, which callers get used to.
+        QImage image10(10, 10, QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&image10);
+        painter.setRenderHints(QPainter::RenderHints());
+        painter.translate(3, 4);
+        const QTransform before = painter.transform();
+        drawToolLine(QPointF(0, 0), QPointF(5, 5), tile(), false, &painter, QRectF());
+        QCOMPARE(painter.transform(), before);
+        QVERIFY(painter.testRenderHint(QPainter::SmoothPixmapTransform));
+    }
+
+    // A line pointing between 135 and 315 degrees is drawn from its other end, exactly as the
+    // reversed line; at 45 degrees it is the reversed line, at 225, that is swapped.
+    void toolLinesPointingBackwardsAreSwapped()
+    {
+        const QList<QPair<qreal, bool>> angles = {{180, true}, {135, false}, {136, true},
+                                                  {314, true}, {315, false}, {45, true}};
+        for (const auto& angle : angles) {
+            QLineF segment(QPointF(60, 50), QPointF(90, 50));
+            segment.setAngle(angle.first);
+            const QImage forward = line(segment.p1(), segment.p2());
+            QVERIFY(!inkRect(forward).isNull());
+            QVERIFY2((forward == line(segment.p2(), segment.p1())) == angle.second,
+                     qPrintable(QString::number(angle.first)));
+        }
+    }
+
+    void cursorsAndIcons()
+    {
+        UtilsDllTest::ScopedTestLogger logger;
+        QVERIFY(toolCursorPixmap(ToolCursorType(7)).isNull());
+        QCOMPARE(logger->linesAt('E').size(), 1);
+        QVERIFY(logger->linesAt('E').first().endsWith(": Bug!!!"));
+        const QPixmap cursor = toolCursorPixmap(ToolCursorRotationBottom);
+        QVERIFY(!cursor.isNull() && QRect(0, 0, 23, 24).contains(cursor.rect()));
+        QCOMPARE(logger->linesAt('E').size(), 1);
+
+        QIcon icon;
+        icon.addPixmap(QPixmap::fromImage(QImage(16, 32, QImage::Format_ARGB32)));
+        icon.addPixmap(QPixmap::fromImage(QImage(32, 16, QImage::Format_ARGB32)));
+        QCOMPARE(sizeOfIcon(icon, QIcon::Normal, QIcon::Off), QSize(32, 32));
+        QCOMPARE(sizeOfIcon(QIcon(), QIcon::Normal, QIcon::Off), QSize(0, 0));
+
+        const QIcon square(QPixmap::fromImage(filledImage(40, 40, qRgb(255, 0, 0))));
+        const auto paintedInk = [&square](Qt::AspectRatioMode mode) {
+            return inkRect(drawn([&](QPainter& painter) {
+                paintIcon(&painter, square, QRect(0, 0, 100, 20), mode, QIcon::Normal, QIcon::Off);
+            }));
+        };
+        QCOMPARE(paintedInk(Qt::KeepAspectRatio), QRect(40, 0, 20, 20));
+        const QRect ignored = paintedInk(Qt::IgnoreAspectRatio);
+        QVERIFY(!ignored.isNull() && QRect(0, 0, 100, 20).contains(ignored));
+    }
+
+    void imageRectangle_data()
+    {
+        QTest::addColumn<bool>("asIcon");
+        QTest::addColumn<QSize>("imageSize");
+        QTest::addColumn<QSize>("mandatory");
+        QTest::addColumn<bool>("expand");
+        QTest::addColumn<Qt::AspectRatioMode>("aspect");
+        QTest::addColumn<QRect>("expected");
+
+        const QSize unset(-1, -1);
+        const QSize small(20, 10);
+        QTest::newRow("large icon, mandatory size")
+            << true << QSize(512, 512) << QSize(34, 34) << false << Qt::KeepAspectRatio << QRect(133, 133, 34, 34);
+        QTest::newRow("large icon shrinks")
+            << true << QSize(512, 512) << unset << false << Qt::KeepAspectRatio << QRect(100, 100, 100, 100);
+        QTest::newRow("small pixmap keeps its size")
+            << false << small << unset << false << Qt::KeepAspectRatio << QRect(140, 145, 20, 10);
+        QTest::newRow("small pixmap expanded")
+            << false << small << unset << true << Qt::KeepAspectRatio << QRect(100, 125, 100, 50);
+        QTest::newRow("ignoring aspect fills the area")
+            << false << small << unset << false << Qt::IgnoreAspectRatio << QRect(100, 100, 100, 100);
+        QTest::newRow("expanding overflows, centred")
+            << false << small << unset << true << Qt::KeepAspectRatioByExpanding << QRect(50, 100, 200, 100);
+        QTest::newRow("wide pixmap shrinks")
+            << false << QSize(400, 200) << unset << false << Qt::KeepAspectRatio << QRect(100, 125, 100, 50);
+    }
+
+    void imageRectangle()
+    {
+        QFETCH(bool, asIcon);
+        QFETCH(QSize, imageSize);
+        QFETCH(QSize, mandatory);
+        QFETCH(bool, expand);
+        QFETCH(Qt::AspectRatioMode, aspect);
+        QFETCH(QRect, expected);
+
+        if (asIcon)
+            m_viewer->setIcon(QIcon(solidPixmap(imageSize)));
+        else
+            m_viewer->setPixmap(solidPixmap(imageSize));
+        m_viewer->setMandatoryImageSize(mandatory);
+        m_viewer->setExpandContent(expand);
+        m_viewer->setAspectRatio(aspect);
+        QCOMPARE(inkRect(rendered(*m_viewer)), expected);
+        QCOMPARE(m_viewer->sizeHint(), (mandatory.isValid() ? mandatory : imageSize) + QSize(200, 200));
+    }
+
+    void scalableIconHasNoSize()
+    {
+        QTemporaryDir folder;
+        const QString file = folder.filePath("square.svg");
+        QFile svg(file);
+        QVERIFY(svg.open(QIODevice::WriteOnly));
+        svg.write("<svg xmlns='http://www.w3.org/2000/svg' width='10' height='10'>"
+                  "<rect width='10' height='10' fill='red'/></svg>");
+        svg.close();
+
+        m_viewer->setIcon(file);
+        QVERIFY(!m_viewer->icon().isNull());
+        QCOMPARE(m_viewer->sizeHint(), QSize(300, 300));
+        QVERIFY(inkRect(rendered(*m_viewer)).isNull());
+        m_viewer->setMandatoryImageSize(QSize(34, 34));
+        QCOMPARE(inkRect(rendered(*m_viewer)), QRect(133, 133, 34, 34));
+
+        m_viewer->setPixmap(QString("/no/such/file.png"));
+        QVERIFY(m_viewer->pixmap().isNull() && m_viewer->icon().isNull());
+    }
+
+    void textNeedsAnImageAndDisabledIsGrey()
+    {
+        m_viewer->setText("Text");
+        QVERIFY(inkRect(rendered(*m_viewer)).isNull());
+        QPalette palette = m_viewer->palette();
+        palette.setColor(QPalette::Text, Qt::blue);
+        m_viewer->setPalette(palette);
+        m_viewer->setPixmap(solidPixmap(QSize(100, 100), QColor(255, 0, 0, 0)));
+        const QRect textInk = inkRect(rendered(*m_viewer));
+        QVERIFY(!textInk.isNull() && QRect(100, 100, 100, 100).contains(textInk));
+
+        m_viewer->setText(QString());
+        m_viewer->setPixmap(solidPixmap(QSize(100, 100)));
+        const QPoint inside(150, 150);
+        QCOMPARE(QColor(rendered(*m_viewer).pixel(inside)), QColor(Qt::red));
+        m_viewer->setEnabled(false);
+        const QColor disabled(rendered(*m_viewer).pixel(inside));
+        QVERIFY(disabled.red() == disabled.green() && disabled.green() == disabled.blue());
+        m_viewer->setEnabled(true);
+        QCOMPARE(QColor(rendered(*m_viewer).pixel(inside)), QColor(Qt::red));
+    }
+
+    void parentIsPaintedTwiceWhileShadowIsOn()
+    {
+        PaintCounter first;
+        PaintCounter second;
+        first.resize(100, 100);
+        second.resize(100, 100);
+        auto* viewer = new CIconViewer(&first);
+        viewer->resize(50, 50);
+        viewer->setPixmap(solidPixmap(QSize(10, 10)));
+
+        const auto paintsOf = [](PaintCounter& parent) {
+            parent.paints = 0;
+            rendered(parent);
+            return parent.paints;
+        };
+        QCOMPARE(paintsOf(first), 2);
+        viewer->setShowShadow(false);
+        QCOMPARE(paintsOf(first), 1);
+        viewer->setShowShadow(true);
+        QCOMPARE(paintsOf(first), 2);
+
+        viewer->setParent(&second);
+        QCOMPARE(paintsOf(first), 1);
+        QCOMPARE(paintsOf(second), 2);
+
+        // Nothing to show: the parent is painted once.
+        viewer->clear();
+        viewer->setMandatoryImageSize(QSize(0, 0));
+        QCOMPARE(paintsOf(second), 1);
+    }
+
+    void verticalLabelSwapsHints()
+    {
+        QLabel plain("Vertical text");
+        CVerticalLabel vertical("Vertical text");
+        QCOMPARE(vertical.sizeHint(), plain.sizeHint().transposed());
+        QCOMPARE(vertical.minimumSizeHint(), plain.minimumSizeHint().transposed());
+
+        // The text runs upwards from the bottom edge: ink only in the lower part.
+        QFont font = vertical.font();
+        font.setPixelSize(12);
+        vertical.setFont(font);
+        vertical.resize(20, 200);
+        const QRect ink = inkRect(rendered(vertical));
+        QVERIFY2(ink.height() > ink.width(), "text is not vertical");
+        QVERIFY(ink.bottom() >= 190 && ink.top() > 50);
+    }
+
+    void suppressedPrimitivesAndHints()
+    {
+        QImage empty(20, 20, QImage::Format_ARGB32);
+        empty.fill(Qt::transparent);
+        // The base style does draw a focus rectangle, so the comparisons mean something.
+        QVERIFY(primitive(*m_windows, QStyle::PE_FrameFocusRect) != empty);
+        QCOMPARE(primitive(*m_style, QStyle::PE_FrameFocusRect), empty);
+        QCOMPARE(primitive(*m_style, QStyle::PE_IndicatorMenuCheckMark), empty);
+        QCOMPARE(m_style->pixelMetric(QStyle::PM_SubMenuOverlap), -1);
+
+        const QList<QPair<QStyle::StyleHint, int>> hints = {
+            {QStyle::SH_EtchDisabledText, 0},        {QStyle::SH_Menu_AllowActiveAndDisabled, 0},
+            {QStyle::SH_MenuBar_AltKeyNavigation, 1}, {QStyle::SH_ProgressDialog_CenterCancelButton, 1},
+            {QStyle::SH_Menu_MouseTracking, 1},       {QStyle::SH_ComboBox_ListMouseTracking, 1},
+            {QStyle::SH_MenuBar_MouseTracking, 1},    {QStyle::SH_Slider_AbsoluteSetButtons, int(Qt::LeftButton)},
+            {QStyle::SH_Menu_SubMenuPopupDelay, 300}};
+        for (const auto& hint : hints)
+            QVERIFY2(m_style->styleHint(hint.first) == hint.second, qPrintable(QString::number(hint.first)));
+
+        // Trees paint no alternating rows below their items; other views keep the base answer.
+        QTreeView tree;
+        QListView list;
+        const auto alternating = QStyle::SH_ItemView_PaintAlternatingRowColorsForEmptyArea;
+        QCOMPARE(m_style->styleHint(alternating, nullptr, &tree), 0);
+        QCOMPARE(m_style->styleHint(alternating, nullptr, &list), m_windows->styleHint(alternating, nullptr, &list));
+    }
+
+    void buttonShift_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QVariant>("property");
+        QTest::addColumn<bool>("registered");
+        QTest::addColumn<bool>("shifted");
+
+        QTest::newRow("plain named button") << "button" << QVariant() << false << true;
+        QTest::newRow("property true") << "button" << QVariant(true) << false << false;
+        QTest::newRow("property false counts too") << "button" << QVariant(false) << false << false;
+        QTest::newRow("registered") << "button" << QVariant() << true << false;
+        QTest::newRow("unnamed with property") << "" << QVariant(true) << false << true;
+        QTest::newRow("unnamed, registered") << "" << QVariant() << true << true;
+    }
+
+    void buttonShift()
+    {
+        QFETCH(QString, name);
+        QFETCH(QVariant, property);
+        QFETCH(bool, registered);
+        QFETCH(bool, shifted);
+
+        UtilsDllTest::ScopedTestLogger logger;
+        QPushButton button;
+        button.setObjectName(name);
+        if (property.isValid())
+            button.setProperty(CustomVexaAppStyle::disableButtonShiftPropertyName(), property);
+        if (registered)
+            m_style->disableButtonShift(&button, true);
+        for (QStyle::PixelMetric metric : {QStyle::PM_ButtonShiftHorizontal, QStyle::PM_ButtonShiftVertical})
+            QCOMPARE(m_style->pixelMetric(metric, nullptr, &button), shifted ? m_windows->pixelMetric(metric) : 0);
+        // Registering an unnamed button is reported.
+        QCOMPARE(logger->linesAt('E').size(), registered && name.isEmpty() ? 1 : 0);
+        QCOMPARE(m_style->pixelMetric(QStyle::PM_ButtonShiftHorizontal, nullptr, nullptr), baseShift());
+    }
+
+    void registryFollowsRenamesAndDeletion()
+    {
+        QVERIFY(baseShift() != 0);
+        auto* button = new QPushButton;
+        button->setObjectName("first");
+        m_style->disableButtonShift(button, true);
+        QCOMPARE(shiftOf("first"), 0);
+
+        button->setObjectName("second");
+        QCOMPARE(shiftOf("first"), baseShift());
+        QCOMPARE(shiftOf("second"), 0);
+
+        // Renamed to nothing, it leaves for good: a later name is not registered.
+        button->setObjectName("");
+        QCOMPARE(shiftOf("second"), baseShift());
+        button->setObjectName("third");
+        QCOMPARE(shiftOf("third"), baseShift());
+
+        button->setObjectName("fourth");
+        m_style->disableButtonShift(button, true);
+        QCOMPARE(shiftOf("fourth"), 0);
+        delete button;
+        QCOMPARE(shiftOf("fourth"), baseShift());
+
+        // Enabling the shift again disconnects: a later rename does not re-register.
+        QPushButton kept;
+        kept.setObjectName("kept");
+        m_style->disableButtonShift(&kept, true);
+        m_style->disableButtonShift(&kept, false);
+        QCOMPARE(shiftOf("kept"), baseShift());
+        kept.setObjectName("renamed");
+        QCOMPARE(shiftOf("renamed"), baseShift());
+    }
+
+    void registryMisuseIsReported()
+    {
+        UtilsDllTest::ScopedTestLogger logger;
+        QPushButton first;
+        QPushButton second;
+        first.setObjectName("twin");
+        second.setObjectName("twin");
+        m_style->disableButtonShift(&first, true);
+        m_style->disableButtonShift(&second, true); // not registered, but exempt by its name
+        QCOMPARE(m_style->pixelMetric(QStyle::PM_ButtonShiftHorizontal, nullptr, &second), 0);
+        QVERIFY(logger->lines().isEmpty());
+
+        // Taking out the name with the wrong button reports it and removes the entry.
+        m_style->disableButtonShift(&second, false);
+        QCOMPARE(logger->linesAt('E').size(), 1);
+        QCOMPARE(m_style->pixelMetric(QStyle::PM_ButtonShiftHorizontal, nullptr, &first), baseShift());
+        m_style->disableButtonShift(nullptr, true);
+        QCOMPARE(logger->linesAt('E').size(), 1);
+    }
+
+    void toolTipMaskCutsCorners()
+    {
+        QStyleOption option;
+        option.rect = QRect(0, 0, 10, 6);
+        QStyleHintReturnMask mask;
+        QCOMPARE(m_style->styleHint(QStyle::SH_ToolTip_Mask, &option, nullptr, &mask), 1);
+        QCOMPARE(mask.region.boundingRect(), QRect(0, 0, 10, 6));
+        for (const QPoint& corner : {QPoint(0, 0), QPoint(9, 0), QPoint(0, 5), QPoint(9, 5)})
+            QVERIFY(!mask.region.contains(corner));
+        for (const QPoint& inside : {QPoint(1, 0), QPoint(0, 1), QPoint(8, 5), QPoint(9, 4), QPoint(5, 3)})
+            QVERIFY(mask.region.contains(inside));
+
+        // Without a mask to fill, the base style answers.
+        QStyleHintReturnVariant other;
+        for (QStyleHintReturn* noMask : QList<QStyleHintReturn*>{nullptr, &other})
+            QCOMPARE(m_style->styleHint(QStyle::SH_ToolTip_Mask, &option, nullptr, noMask),
+                     m_windows->styleHint(QStyle::SH_ToolTip_Mask, &option, nullptr, noMask));
+    }
+
+    void extensionArrowMirrorsRightToLeft()
+    {
+        // Eight by five: '.' is opaque grey, '+' transparent.
+        const char* const rows[] = {"..++..++", "+..++..+", "++..++..", "+..++..+", "..++..++"};
+        QImage arrow(8, 5, QImage::Format_ARGB32_Premultiplied);
+        for (int y = 0; y < 5; ++y)
+            for (int x = 0; x < 8; ++x)
+                arrow.setPixel(x, y, rows[y][x] == '.' ? qRgba(0x80, 0x80, 0x80, 255) : qRgba(0, 0, 0, 0));
+        const auto arrowFor = [this](const QStyleOption* option) {
+            return m_style->standardPixmap(QStyle::SP_ToolBarHorizontalExtensionButton, option)
+                .toImage()
+                .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+        };
+        QStyleOption option;
+        option.direction = Qt::LeftToRight;
+        QCOMPARE(arrowFor(&option), arrow);
+        option.direction = Qt::RightToLeft;
+        QCOMPARE(arrowFor(&option), arrow.mirrored(true, false));
+
+        // Without an option the application's direction decides.
+        QApplication::setLayoutDirection(Qt::RightToLeft);
+        const QImage fromApplication = arrowFor(nullptr);
+        QApplication::setLayoutDirection(Qt::LeftToRight);
+        QCOMPARE(fromApplication, arrow.mirrored(true, false));
+    }
+
+private:
+    int baseShift() const { return m_windows->pixelMetric(QStyle::PM_ButtonShiftHorizontal); }
+    int shiftOf(const QString& name) const
+    {
+        QPushButton probe;
+        probe.setObjectName(name);
+        return m_style->pixelMetric(QStyle::PM_ButtonShiftHorizontal, nullptr, &probe);
+    }
+
+    std::unique_ptr<CustomVexaAppStyle> m_style;
+    std::unique_ptr<QStyle> m_windows;
+    std::unique_ptr<CIconViewer> m_viewer;
+};
+
+UTILSDLL_TEST_MAIN_WITH(TestWidgets, QApplication)
+#include "tst_widgets.moc"
