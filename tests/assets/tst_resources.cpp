@@ -333,41 +333,41 @@ void TestResources::stateMachineCases_data()
                         const char* after, const char* commits = "") {
         QTest::newRow(name) << module << activity << before << after << commits;
     };
-    row("slider on Anamorphosis, Crop active", "Anamorphosis", "AdditionalControlTouched", "Crop Anamorphosis | None",
+    row("Anamorphosis slider, Crop on", "Anamorphosis", "AdditionalControlTouched", "Crop Anamorphosis | None",
         "Crop Anamorphosis | None");
-    row("slider on Anamorphosis, Crop inactive", "Anamorphosis", "AdditionalControlTouched", "Anamorphosis | None",
+    row("Anamorphosis slider, Crop off", "Anamorphosis", "AdditionalControlTouched", "Anamorphosis | None",
         "Anamorphosis | None");
-    row("Horizon off while Keystoning current", "Horizon", "ModuleDeactivate", "Horizon Keystoning | Keystoning",
+    row("Horizon off, Keystoning current", "Horizon", "ModuleDeactivate", "Horizon Keystoning | Keystoning",
         "Keystoning | Keystoning");
     row("Horizon off while current", "Horizon", "ModuleDeactivate", "Horizon | Horizon", "| None", "Horizon");
-    row("Horizon applied while not current", "Horizon", "CorrectionApplyed", "Horizon Crop | Crop",
-        "Horizon Crop | Crop");
-    row("Horizon applied while current", "Horizon", "CorrectionApplyed", "Horizon | Horizon", "Horizon | None",
-        "Horizon");
-    row("TiltShift applied, other current", "TiltShift", "CorrectionApplyed", "TiltShift | Horizon", "TiltShift | None");
+    row("Horizon applied, not current", "Horizon", "CorrectionApplyed", "Horizon Crop | Crop", "Horizon Crop | Crop");
+    row("Horizon applied while current", "Horizon", "CorrectionApplyed", "Horizon | Horizon",
+        "Horizon | None", "Horizon");
+    row("TiltShift applied, other current", "TiltShift", "CorrectionApplyed", "TiltShift | Horizon",
+        "TiltShift | None");
     row("Crop applied, other current", "Crop", "CorrectionApplyed", "Crop | TiltShift", "Crop | None");
     row("Horizon icon, nothing current", "Horizon", "SpecificCorrectionActivated", "| None", "Horizon | Horizon");
-    row("Horizon icon while Keystoning current", "Horizon", "SpecificCorrectionActivated", "Keystoning | Keystoning",
+    row("Horizon icon, Keystoning current", "Horizon", "SpecificCorrectionActivated", "Keystoning | Keystoning",
         "Keystoning Horizon | Horizon", "Keystoning");
-    row("Horizon icon while Crop current", "Horizon", "SpecificCorrectionActivated", "Crop | Crop",
+    row("Horizon icon, Crop current", "Horizon", "SpecificCorrectionActivated", "Crop | Crop",
         "Crop Horizon | Horizon");
-    row("Keystoning icon while Horizon current", "Keystoning", "SpecificCorrectionActivated", "Horizon | Horizon",
+    row("Keystoning icon, Horizon current", "Keystoning", "SpecificCorrectionActivated", "Horizon | Horizon",
         "Horizon Keystoning | Keystoning", "Horizon");
     row("Crop icon", "Crop", "SpecificCorrectionActivated", "| None", "Crop | Crop", "None");
-    row("TiltShift icon while Crop current", "TiltShift", "SpecificCorrectionActivated", "Crop | Crop",
+    row("TiltShift icon, Crop current", "TiltShift", "SpecificCorrectionActivated", "Crop | Crop",
         "Crop TiltShift | TiltShift", "Crop");
     row("Horizon cancel", "Horizon", "CorrectionCancel", "| Horizon", "Horizon | Horizon");
     row("Keystoning cancel", "Keystoning", "CorrectionCancel", "| Keystoning", "Keystoning | Keystoning");
     row("Crop cancel", "Crop", "CorrectionCancel", "| Crop", "Crop | Crop");
-    row("Horizon slider, Crop active", "Horizon", "AdditionalControlTouched", "Crop | None", "Crop Horizon | None");
+    row("Horizon slider, Crop on", "Horizon", "AdditionalControlTouched", "Crop | None", "Crop Horizon | None");
     row("Keystoning slider while current", "Keystoning", "AdditionalControlTouched", "| Keystoning",
         "Keystoning | Keystoning");
     row("TiltShift off while current", "TiltShift", "ModuleDeactivate", "TiltShift | TiltShift", "| None", "TiltShift");
-    row("reset all keeps Crop", "Empty_Correction_ID", "resetAll", "Crop Horizon TiltShift Anamorphosis | Horizon",
+    row("reset all keeps Crop", "Empty_Correction_ID", "resetAll", "Crop Horizon Anamorphosis | Horizon",
         "Crop | None");
     row("reset and close keeps Crop", "Empty_Correction_ID", "resetAndCloseAllTools",
-        "Crop Distortion Keystoning | Crop", "Crop | None");
-    row("activity of another module does nothing", "Anamorphosis", "CorrectionCancel", "Crop | Crop", "Crop | Crop");
+        "Crop Distortion TiltShift Keystoning | Crop", "Crop | None");
+    row("another module's activity", "Anamorphosis", "CorrectionCancel", "Crop | Crop", "Crop | Crop");
 }
 
 void TestResources::stateMachineCases()
