@@ -1,9 +1,6 @@
 #include "AppBootstrap.h"
 #include "TestEnvironment.h"
 
-#include <QDir>
-#include <QFileInfo>
-
 #include <dlfcn.h>
 
 // getQtPluginsDir(true) decides once per process, so each scenario runs in a process
@@ -12,22 +9,21 @@ class TestPluginsDir : public QObject
 {
     Q_OBJECT
 private slots:
-    void hostPluginFolder();
-};
-
-void TestPluginsDir::hostPluginFolder()
-{
-    const QByteArray connector = qgetenv("CONNECTOR_MODULE");
-    QString expected = QFileInfo(QCoreApplication::applicationFilePath()).canonicalPath() + '/';
-    if (!connector.isEmpty()) {
-        QVERIFY2(dlopen(connector.constData(), RTLD_NOW | RTLD_LOCAL), dlerror());
-        expected = QFileInfo(QString::fromLocal8Bit(connector)).canonicalPath() + '/';
-        QVERIFY(expected != QFileInfo(QCoreApplication::applicationFilePath()).canonicalPath() + '/');
+    void hostPluginFolder()
+    {
+        const QByteArray connector = qgetenv("CONNECTOR_MODULE");
+        const QString hostFolder = QFileInfo(QCoreApplication::applicationFilePath()).canonicalPath() + '/';
+        QString expected = hostFolder;
+        if (!connector.isEmpty()) {
+            QVERIFY2(dlopen(connector.constData(), RTLD_NOW | RTLD_LOCAL), dlerror());
+            expected = QFileInfo(QString::fromLocal8Bit(connector)).canonicalPath() + '/';
+            QVERIFY(expected != hostFolder);
+        }
+        QCOMPARE(Vexa::getQtPluginsDir(true), expected);
+        // Decided: the other argument changes nothing.
+        QCOMPARE(Vexa::getQtPluginsDir(false), expected);
     }
-    QCOMPARE(Vexa::getQtPluginsDir(true), expected);
-    // Decided: the other argument changes nothing.
-    QCOMPARE(Vexa::getQtPluginsDir(false), expected);
-}
+};
 
 UTILSDLL_TEST_MAIN(TestPluginsDir)
 #include "tst_pluginsdir.moc"
