@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFontDatabase>
+#include <QStyle>
 #include <QTemporaryDir>
 #include <QTextStream>
 
@@ -54,6 +55,9 @@ int main(int argc, char* argv[])
     report(out, "style sheet", !app.styleSheet().isEmpty());
     report(out, "fonts", !QFontDatabase().families().isEmpty());
     report(out, "logo icon", logo && !QApplication::windowIcon().isNull());
-    report(out, "style", qobject_cast<Vexa::CustomVexaAppStyle*>(QApplication::style()) != nullptr);
+    // With a style sheet in force the application wraps the style, so the style is
+    // recognised by its hints: Qt's own styles answer 256 and the middle button.
+    report(out, "style", QApplication::style()->styleHint(QStyle::SH_Menu_SubMenuPopupDelay) == 300
+                             && QApplication::style()->styleHint(QStyle::SH_Slider_AbsoluteSetButtons) == Qt::LeftButton);
     return failures == 0 ? 0 : 1;
 }
