@@ -180,8 +180,7 @@ private slots:
                 CallTarget local;
                 // Each thread arms the same key on the shared target; only its own invoker sees it.
                 CDelayedCall::invokeWithArgs(30 + i, &shared, "withInt", QVariant(i));
-                CDelayedCall::invoke(5, &local, "ping");
-                CDelayedCall::invoke(5, &local, "ping"); // replaced, so one call
+                CDelayedCall::invoke(5, &local, "ping"); // fires on this worker
                 ++armed;
                 QTimer::singleShot(90, &loop, &QEventLoop::quit);
                 loop.exec();

@@ -267,27 +267,22 @@ private slots:
     void loopSwallowsCloseUnlessUnfiltered()
     {
         // With no filtered object, the loop only holds back input through its flags:
-        // events delivered by other means pass.
+        // events delivered by other means pass. Which types are held is the filter's table.
         EventRecorder window;
         for (QObject* filtered : {static_cast<QObject*>(&window), static_cast<QObject*>(nullptr)}) {
             CExcludeUserInpuEventLoop loop(filtered);
-            bool accepted = true;
             QList<int> seenDuringLoop;
             QTimer::singleShot(5, &loop, [&] {
                 window.received.clear(); // the child event of the loop's filter
-                for (QEvent::Type type : {QEvent::Close, QEvent::KeyPress, QEvent::Leave}) {
+                for (QEvent::Type type : {QEvent::Close, QEvent::Leave}) {
                     QEvent event(type);
-                    event.accept();
                     QCoreApplication::sendEvent(&window, &event);
-                    accepted = accepted && event.isAccepted();
                 }
                 seenDuringLoop = window.received;
                 loop.quit();
             });
             QCOMPARE(loop.exec(), 0);
-            QCOMPARE(accepted, !filtered);
-            QCOMPARE(seenDuringLoop, filtered ? QList<int>{QEvent::Leave}
-                                              : (QList<int>{QEvent::Close, QEvent::KeyPress, QEvent::Leave}));
+            QCOMPARE(seenDuringLoop, filtered ? QList<int>{QEvent::Leave} : (QList<int>{QEvent::Close, QEvent::Leave}));
         }
     }
 };
