@@ -2,11 +2,11 @@
 #include "TestEnvironment.h"
 
 #include <QDir>
+#include <QDomDocument>
 #include <QFile>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTranslator>
-#include <QXmlStreamReader>
 
 namespace {
 
@@ -23,29 +23,21 @@ struct CatalogueMessage
 
 QList<CatalogueMessage> readCatalogue(const QString& path, QString* error)
 {
-    QList<CatalogueMessage> messages;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        *error = file.errorString();
-    QXmlStreamReader xml(&file);
-    QString context;
-    while (file.isOpen() && !xml.atEnd()) {
-        if (xml.readNext() != QXmlStreamReader::StartElement)
-            continue;
-        if (xml.name() == QLatin1String("name"))
-            context = xml.readElementText();
-        else if (xml.name() == QLatin1String("message"))
-            messages.append({context, {}, {}, false});
-        else if (xml.name() == QLatin1String("source"))
-            messages.last().source = xml.readElementText();
-        else if (xml.name() == QLatin1String("translation")) {
-            const QString type = xml.attributes().value(QLatin1String("type")).toString();
-            messages.last().unfinished = type == "unfinished" || type == "obsolete" || type == "vanished";
-            messages.last().translation = xml.readElementText();
-        }
+    QDomDocument document;
+    if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file, error)) {
+        *error = path + ": " + (error->isEmpty() ? file.errorString() : *error);
+        return {};
     }
-    if (xml.hasError())
-        *error = xml.errorString();
+    QList<CatalogueMessage> messages;
+    const QDomNodeList nodes = document.elementsByTagName("message");
+    for (int i = 0; i < nodes.size(); ++i) {
+        const QDomElement message = nodes.at(i).toElement();
+        const QDomElement translation = message.firstChildElement("translation");
+        const QString type = translation.attribute("type");
+        messages.append({message.parentNode().firstChildElement("name").text(), message.firstChildElement("source").text(),
+                         translation.text(), type == "unfinished" || type == "obsolete" || type == "vanished"});
+    }
     return messages;
 }
 
