@@ -28,11 +28,7 @@ CLanguageManager* manager() { return CLanguageManager::instance(); }
 int rowOf(const QString& abbreviation)
 {
     QStandardItemModel* model = manager()->model();
-    for (int row = 0; row < model->rowCount(); ++row) {
-        if (model->index(row, 3).data().toString() == abbreviation)
-            return row;
-    }
-    return -1;
+    return model->match(model->index(0, 3), Qt::DisplayRole, abbreviation, 1, Qt::MatchExactly).value(0).row();
 }
 
 // The catalogues installed in the application, by file name, oldest first.
