@@ -1,8 +1,5 @@
-// Starts the logger the way an embedding executable does, for tst_loggerbootstrap,
-// which runs it in a fresh HOME and reads its output streams and log file.
-//
-//   logger_probe [--pass-logger] [--then-pass-logger] [--assert]
-//                [--threads N --lines M]
+// Starts the logger as an embedding executable does, for tst_loggerbootstrap.
+//   logger_probe [--pass-logger] [--then-pass-logger] [--assert] [--threads N --lines M]
 
 #include "Log.h"
 #include "LoggerBootstrap.h"

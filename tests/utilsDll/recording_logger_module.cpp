@@ -1,27 +1,18 @@
-// A stand-in for the logger module, built under the module's file name in a folder
-// of its own: it appends every call it receives to the file named by
-// $UTILSDLL_RECORDING_LOGGER, so that tests see exactly what the library handed over.
-
+// A stand-in for the logger module, built under the module's file name in a folder of its
+// own: it appends every call to the file named by $UTILSDLL_RECORDING_LOGGER, so that tests
+// see exactly what the library handed over.
 #include "LoggerInterface.h"
 
-#include <cstdarg>
-#include <cstdio>
 #include <cstdlib>
+#include <fstream>
+#include <string>
 
 namespace {
 
-void record(const char* format, ...) __attribute__((format(printf, 1, 2)));
-void record(const char* format, ...)
+void record(const std::string& line)
 {
-    const char* path = std::getenv("UTILSDLL_RECORDING_LOGGER");
-    FILE* file = path ? std::fopen(path, "a") : nullptr;
-    if (!file)
-        return;
-    va_list args;
-    va_start(args, format);
-    std::vfprintf(file, format, args);
-    va_end(args);
-    std::fclose(file);
+    if (const char* path = std::getenv("UTILSDLL_RECORDING_LOGGER"))
+        std::ofstream(path, std::ios::app) << line << '\n';
 }
 
 class RecordingLogger : public Vexa::ILoggerInterface
@@ -29,15 +20,15 @@ class RecordingLogger : public Vexa::ILoggerInterface
 public:
     bool initialize(const std::string& folder, const std::string& logName, char level) override
     {
-        record("initialize|%s|%s|%d\n", folder.c_str(), logName.c_str(), static_cast<int>(static_cast<unsigned char>(level)));
+        record("initialize|" + folder + '|' + logName + '|' + std::to_string(static_cast<unsigned char>(level)));
         return true;
     }
-    void log(char level, const char* text) override { record("log|%c|%s\n", level, text); }
+    void log(char level, const char* text) override { record(std::string("log|") + level + '|' + text); }
 };
 
 struct LoadMarker
 {
-    LoadMarker() { record("loaded\n"); }
+    LoadMarker() { record("loaded"); }
 } s_loadMarker;
 
 } // namespace

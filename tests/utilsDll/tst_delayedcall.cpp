@@ -68,170 +68,141 @@ class TestDelayedCall : public QObject
 {
     Q_OBJECT
 private slots:
-    void lastRequestWins();
-    void argumentsOfSeveralTypes_data();
-    void argumentsOfSeveralTypes();
-    void delaysAndBadInput();
-    void discardAndCallsFromInsideTheCall();
-    void threadsKeepTheirOwnCalls();
-};
-
-void TestDelayedCall::lastRequestWins()
-{
-    CallTarget target;
-    target.clock.start();
-    CDelayedCall::invoke(80, &target, "ping");
-    QTest::qWait(40);
-    CDelayedCall::invoke(80, &target, "ping");
-    QTRY_COMPARE_WITH_TIMEOUT(target.calls.size(), 1, 2000);
-    // The delay ran afresh from the second request, at about 40 ms.
-    QVERIFY2(target.lastCallAt >= 110, qPrintable(QString::number(target.lastCallAt)));
-
-    // The replacement takes the later arguments; another method is another key, and
-    // equal text at another address is the same key.
-    target.calls.clear();
-    CDelayedCall::invokeWithArgs(10, &target, "withInt", QVariant(1));
-    CDelayedCall::invokeWithArgs(10, &target, "withInt", QVariant(2));
-    CDelayedCall::invoke(10, &target, "ping");
-    CDelayedCall::invoke(30, &target, "pong");
-    const QByteArray pingCopy("ping");
-    CDelayedCall::invoke(20, &target, pingCopy.constData());
-    QTRY_COMPARE(target.calls.size(), 3);
-    QTest::qWait(40);
-    QCOMPARE(target.calls, (QStringList{"int 2", "ping", "pong"}));
-}
-
-void TestDelayedCall::argumentsOfSeveralTypes_data()
-{
-    QTest::addColumn<QString>("method");
-    QTest::addColumn<QVariantList>("arguments");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("int") << "withInt" << QVariantList{42} << "int 42";
-    QTest::newRow("texts, list, double") << "withTexts" << QVariantList{QString("a b"), QStringList{"x", "y"}, 2.5}
-                                         << "texts a b x+y 2.5";
-    QTest::newRow("nine") << "withNine" << QVariantList{1, 2, 3, 4, 5, 6, 7, QByteArray("raw"), QString("!")}
-                          << "nine 28 raw!";
-    // Parameter types must match the QVariant type names exactly: nothing is called.
-    QTest::newRow("type mismatch") << "withInt" << QVariantList{1.5} << "";
-}
-
-void TestDelayedCall::argumentsOfSeveralTypes()
-{
-    QFETCH(QString, method);
-    QFETCH(QVariantList, arguments);
-    QFETCH(QString, expected);
-    const QByteArray name = method.toLatin1();
-    CallTarget target;
-    const QVariantList& a = arguments;
-    if (a.size() == 1)
-        CDelayedCall::invokeWithArgs(0, &target, name.constData(), a[0]);
-    else if (a.size() == 3)
-        CDelayedCall::invokeWithArgs(0, &target, name.constData(), a[0], a[1], a[2]);
-    else
-        CDelayedCall::invokeWithArgs(0, &target, name.constData(), a[0], a[1], a[2], a[3], a[4], a[5], a[6], a[7], a[8]);
-    if (expected.isEmpty())
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("QMetaObject::invokeMethod: No such method .*withInt"));
-    QTest::qWait(20);
-    QCOMPARE(target.calls, expected.isEmpty() ? QStringList() : QStringList{expected});
-}
-
-void TestDelayedCall::delaysAndBadInput()
-{
-    CallTarget target;
-    // Delay 0: at the next pass of the event loop, never inside invoke.
-    CDelayedCall::invoke(0, &target, "ping");
-    QVERIFY(target.calls.isEmpty() && CDelayedCall::isActive(&target, "ping"));
-    QTRY_COMPARE(target.calls, QStringList{"ping"});
-    QVERIFY(!CDelayedCall::isActive(&target, "ping"));
-
-    // A negative delay starts no timer, and the earlier request is gone too.
-    CDelayedCall::invoke(10, &target, "pong");
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("negative intervals"));
-    CDelayedCall::invoke(-5, &target, "pong");
-    QVERIFY(!CDelayedCall::isActive(&target, "pong"));
-
-    CDelayedCall::invoke(0, nullptr, "ping");
-    CDelayedCall::invoke(0, &target, nullptr);
-    CDelayedCall::invokeWithArgs(0, &target, nullptr, QVariant(1));
-    CDelayedCall::discard(nullptr, nullptr);
-    QVERIFY(!CDelayedCall::isActive(nullptr, "ping") && !CDelayedCall::isActive(&target, nullptr));
-    QTest::qWait(40);
-    QCOMPARE(target.calls, QStringList{"ping"});
-
-    // A target deleted while pending is not called; its left-over repeating timer
-    // keeps waking and calls nothing.
-    auto* single = new CallTarget;
-    auto* repeating = new CallTarget;
-    CDelayedCall::invoke(10, single, "ping");
-    CDelayedCall::invoke(5, repeating, "ping", false);
-    const int callsBefore = CallTarget::s_allCalls;
-    delete single;
-    delete repeating;
-    QTest::qWait(40);
-    QCOMPARE(CallTarget::s_allCalls.load(), callsBefore);
-}
-
-void TestDelayedCall::discardAndCallsFromInsideTheCall()
-{
-    for (const char* method : {"ping", static_cast<const char*>(nullptr)}) {
-        CallTarget target, other;
-        CDelayedCall::invoke(10, &target, "ping");
-        CDelayedCall::invoke(10, &target, "pong");
-        CDelayedCall::invoke(10, &other, "ping");
-        CDelayedCall::discard(&target, method); // a null method discards all of the target's calls
-        QVERIFY(!CDelayedCall::isActive(&target, "ping"));
-        QCOMPARE(CDelayedCall::isActive(&target, "pong"), method != nullptr);
+    void lastRequestWins()
+    {
+        CallTarget target;
+        target.clock.start();
+        CDelayedCall::invoke(80, &target, "ping");
         QTest::qWait(40);
-        QCOMPARE(target.calls, method ? QStringList{"pong"} : QStringList());
-        QCOMPARE(other.calls, QStringList{"ping"});
+        CDelayedCall::invoke(80, &target, "ping");
+        QTRY_COMPARE_WITH_TIMEOUT(target.calls.size(), 1, 2000);
+        // The delay ran afresh from the second request, at about 40 ms.
+        QVERIFY2(target.lastCallAt >= 110, qPrintable(QString::number(target.lastCallAt)));
+
+        // The replacement takes the later arguments; another method is another key, and
+        // equal text at another address is the same key.
+        target.calls.clear();
+        CDelayedCall::invokeWithArgs(10, &target, "withInt", QVariant(1));
+        CDelayedCall::invokeWithArgs(10, &target, "withInt", QVariant(2));
+        CDelayedCall::invoke(10, &target, "ping");
+        CDelayedCall::invoke(30, &target, "pong");
+        const QByteArray pingCopy("ping");
+        CDelayedCall::invoke(20, &target, pingCopy.constData());
+        QTRY_COMPARE(target.calls.size(), 3);
+        QTest::qWait(40);
+        QCOMPARE(target.calls, (QStringList{"int 2", "ping", "pong"}));
     }
 
-    CallTarget single, repeating;
-    CDelayedCall::invoke(5, &single, "reArm", true);
-    CDelayedCall::invoke(5, &repeating, "repeat", false);
-    QTRY_COMPARE((QList<int>{single.calls.size(), repeating.calls.size()}), (QList<int>{3, 3}));
-    QVERIFY(!single.activeInside && repeating.activeInside);
-    QVERIFY(!CDelayedCall::isActive(&repeating, "repeat"));
-    QTest::qWait(30);
-    QCOMPARE((QList<int>{single.calls.size(), repeating.calls.size()}), (QList<int>{3, 3}));
-}
-
-void TestDelayedCall::threadsKeepTheirOwnCalls()
-{
-    const int threadCount = 4;
-    std::vector<std::thread> threads;
-    std::atomic<int> callsSeen{0};
-    std::atomic<int> armed{0};
-    CallTarget shared; // lives here; armed from every worker
-    for (int i = 0; i < threadCount; ++i) {
-        threads.emplace_back([&, i] {
-            QEventLoop loop; // gives this thread an event dispatcher for the timers
-            CallTarget local;
-            // Each thread arms the same key on the shared target; only its own invoker sees it.
-            CDelayedCall::invokeWithArgs(30 + i, &shared, "withInt", QVariant(i));
-            CDelayedCall::invoke(5, &local, "ping");
-            CDelayedCall::invoke(5, &local, "ping"); // replaced, so one call
-            ++armed;
-            QTimer::singleShot(90, &loop, &QEventLoop::quit);
-            loop.exec();
-            callsSeen += local.calls.size();
-        });
+    void argumentsOfSeveralTypes()
+    {
+        CallTarget target;
+        CDelayedCall::invokeWithArgs(0, &target, "withTexts", QString("a b"), QStringList{"x", "y"}, QVariant(2.5));
+        CDelayedCall::invokeWithArgs(0, &target, "withNine", 1, 2, 3, 4, 5, 6, 7, QByteArray("raw"), QVariant("!"));
+        // Parameter types must match the QVariant type names exactly: nothing is called.
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("QMetaObject::invokeMethod: No such method .*withInt"));
+        CDelayedCall::invokeWithArgs(0, &target, "withInt", QVariant(1.5));
+        QTest::qWait(20);
+        target.calls.sort();
+        QCOMPARE(target.calls, (QStringList{"nine 28 raw!", "texts a b x+y 2.5"}));
     }
-    while (armed < threadCount)
-        std::this_thread::yield();
-    // Armed on every worker, unknown here; discarding here does not reach them.
-    const bool activeHere = CDelayedCall::isActive(&shared, "withInt");
-    CDelayedCall::discard(&shared, nullptr);
-    for (std::thread& thread : threads)
-        thread.join();
-    QVERIFY(!activeHere);
-    QCOMPARE(callsSeen.load(), threadCount);
-    // The shared target lives here, so each worker's call was queued to this thread.
-    QTRY_COMPARE(shared.calls.size(), threadCount);
-    QStringList sorted = shared.calls;
-    sorted.sort();
-    QCOMPARE(sorted, (QStringList{"int 0", "int 1", "int 2", "int 3"}));
-}
+
+    void delaysAndBadInput()
+    {
+        CallTarget target;
+        // Delay 0: at the next pass of the event loop, never inside invoke.
+        CDelayedCall::invoke(0, &target, "ping");
+        QVERIFY(target.calls.isEmpty() && CDelayedCall::isActive(&target, "ping"));
+        QTRY_COMPARE(target.calls, QStringList{"ping"});
+        QVERIFY(!CDelayedCall::isActive(&target, "ping"));
+
+        // A negative delay starts no timer, and the earlier request is gone too.
+        CDelayedCall::invoke(10, &target, "pong");
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("negative intervals"));
+        CDelayedCall::invoke(-5, &target, "pong");
+        QVERIFY(!CDelayedCall::isActive(&target, "pong"));
+
+        CDelayedCall::invoke(0, nullptr, "ping");
+        CDelayedCall::invoke(0, &target, nullptr);
+        CDelayedCall::invokeWithArgs(0, &target, nullptr, QVariant(1));
+        CDelayedCall::discard(nullptr, nullptr);
+        QVERIFY(!CDelayedCall::isActive(nullptr, "ping") && !CDelayedCall::isActive(&target, nullptr));
+        QTest::qWait(40);
+        QCOMPARE(target.calls, QStringList{"ping"});
+
+        // A target deleted while pending is not called; its left-over repeating timer
+        // keeps waking and calls nothing.
+        auto* single = new CallTarget;
+        auto* repeating = new CallTarget;
+        CDelayedCall::invoke(10, single, "ping");
+        CDelayedCall::invoke(5, repeating, "ping", false);
+        const int callsBefore = CallTarget::s_allCalls;
+        delete single;
+        delete repeating;
+        QTest::qWait(40);
+        QCOMPARE(CallTarget::s_allCalls.load(), callsBefore);
+    }
+
+    void discardAndCallsFromInsideTheCall()
+    {
+        for (const char* method : {"ping", static_cast<const char*>(nullptr)}) {
+            CallTarget target, other;
+            CDelayedCall::invoke(10, &target, "ping");
+            CDelayedCall::invoke(10, &target, "pong");
+            CDelayedCall::invoke(10, &other, "ping");
+            CDelayedCall::discard(&target, method); // a null method discards all of the target's calls
+            QVERIFY(!CDelayedCall::isActive(&target, "ping"));
+            QCOMPARE(CDelayedCall::isActive(&target, "pong"), method != nullptr);
+            QTest::qWait(40);
+            QCOMPARE(target.calls, method ? QStringList{"pong"} : QStringList());
+            QCOMPARE(other.calls, QStringList{"ping"});
+        }
+
+        CallTarget single, repeating;
+        CDelayedCall::invoke(5, &single, "reArm", true);
+        CDelayedCall::invoke(5, &repeating, "repeat", false);
+        QTRY_COMPARE((QList<int>{single.calls.size(), repeating.calls.size()}), (QList<int>{3, 3}));
+        QVERIFY(!single.activeInside && repeating.activeInside);
+        QVERIFY(!CDelayedCall::isActive(&repeating, "repeat"));
+        QTest::qWait(30);
+        QCOMPARE((QList<int>{single.calls.size(), repeating.calls.size()}), (QList<int>{3, 3}));
+    }
+
+    void threadsKeepTheirOwnCalls()
+    {
+        const int threadCount = 4;
+        std::vector<std::thread> threads;
+        std::atomic<int> callsSeen{0};
+        std::atomic<int> armed{0};
+        CallTarget shared; // lives here; armed from every worker
+        for (int i = 0; i < threadCount; ++i) {
+            threads.emplace_back([&, i] {
+                QEventLoop loop; // gives this thread an event dispatcher for the timers
+                CallTarget local;
+                // Each thread arms the same key on the shared target; only its own invoker sees it.
+                CDelayedCall::invokeWithArgs(30 + i, &shared, "withInt", QVariant(i));
+                CDelayedCall::invoke(5, &local, "ping"); // fires on this worker
+                ++armed;
+                QTimer::singleShot(90, &loop, &QEventLoop::quit);
+                loop.exec();
+                callsSeen += local.calls.size();
+            });
+        }
+        while (armed < threadCount)
+            std::this_thread::yield();
+        // Armed on every worker, unknown here; discarding here does not reach them.
+        const bool activeHere = CDelayedCall::isActive(&shared, "withInt");
+        CDelayedCall::discard(&shared, nullptr);
+        for (std::thread& thread : threads)
+            thread.join();
+        QVERIFY(!activeHere);
+        QCOMPARE(callsSeen.load(), threadCount);
+        // The shared target lives here, so each worker's call was queued to this thread.
+        QTRY_COMPARE(shared.calls.size(), threadCount);
+        QStringList sorted = shared.calls;
+        sorted.sort();
+        QCOMPARE(sorted, (QStringList{"int 0", "int 1", "int 2", "int 3"}));
+    }
+};
 
 UTILSDLL_TEST_MAIN(TestDelayedCall)
 #include "tst_delayedcall.moc"

@@ -28,30 +28,28 @@ class TestDelayedCallGuards : public QObject
 {
     Q_OBJECT
 private slots:
-    void guardsAtFiringAreReported();
+    void guardsAtFiringAreReported()
+    {
+        UtilsDllTest::ScopedTestLogger logger;
+        CountingTarget target;
+        CDelayedInvoker invoker;
+        invoker.arm(0, &target, nullptr, {}, true);
+        QTRY_COMPARE(logger->linesAt('E'), QStringList{engineReport(216)});
+
+        logger->clear();
+        QList<QVariant> ten;
+        for (int i = 0; i < 10; ++i)
+            ten << QVariant(i);
+        invoker.arm(0, &target, "ping", ten, true);
+        QTRY_COMPARE(logger->linesAt('E'), QStringList{engineReport(258)});
+        QCOMPARE(target.calls, 0);
+        // Nine values pass the guard; the call then fails only for want of a matching method.
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("No such method"));
+        invoker.arm(0, &target, "ping", ten.mid(0, 9), true);
+        QTest::qWait(20);
+        QCOMPARE(logger->linesAt('E').size(), 1);
+    }
 };
-
-void TestDelayedCallGuards::guardsAtFiringAreReported()
-{
-    UtilsDllTest::ScopedTestLogger logger;
-    CountingTarget target;
-    CDelayedInvoker invoker;
-    invoker.arm(0, &target, nullptr, {}, true);
-    QTRY_COMPARE(logger->linesAt('E'), QStringList{engineReport(216)});
-
-    logger->clear();
-    QList<QVariant> ten;
-    for (int i = 0; i < 10; ++i)
-        ten << QVariant(i);
-    invoker.arm(0, &target, "ping", ten, true);
-    QTRY_COMPARE(logger->linesAt('E'), QStringList{engineReport(258)});
-    QCOMPARE(target.calls, 0);
-    // Nine values pass the guard; the call then fails only for want of a matching method.
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("No such method"));
-    invoker.arm(0, &target, "ping", ten.mid(0, 9), true);
-    QTest::qWait(20);
-    QCOMPARE(logger->linesAt('E').size(), 1);
-}
 
 UTILSDLL_TEST_MAIN(TestDelayedCallGuards)
 #include "tst_delayedcallguards.moc"

@@ -30,16 +30,117 @@ class TestLoggerBootstrap : public QObject
 {
     Q_OBJECT
 private slots:
-    void init();
-    void nothingIsLoaded_data();
-    void nothingIsLoaded();
-    void moduleReceivesFolderNameLevelAndHeader_data();
-    void moduleReceivesFolderNameLevelAndHeader();
-    void realModuleWritesEveryLineFromManyThreads();
+    void init()
+    {
+        m_root = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_root->isValid());
+    }
+
+    void nothingIsLoaded_data()
+    {
+        QTest::addColumn<QString>("probe");
+        QTest::addColumn<QString>("loggerEnabled"); // a null text stores nothing
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("out");
+        QTest::addColumn<QString>("err");
+        // Disabled: no logger at all, not even a passed one, and not a word on either stream.
+        QTest::newRow("disabled") << PROBE_WITH_RECORDER << "0" << QStringList{"--pass-logger", "--then-pass-logger"}
+                                  << "result: null\nagain: null\n" << "";
+        // A passed logger is neither initialised nor given a header; the second one is refused.
+        QTest::newRow("passed logger") << PROBE_WITH_RECORDER << QString()
+                                       << QStringList{"--pass-logger", "--then-pass-logger", "--assert"}
+                                       << "result: first\nagain: first\nfirst.log E " + probeAssertLine() + "\n" << "";
+        // One message for every cause, with its two blanks before the file name.
+        QTest::newRow("missing module") << PROBE_WITHOUT_MODULE << QString() << QStringList{"--then-pass-logger"}
+                                        << "result: null\nagain: second\n"
+                                        << "***ERROR*** logger dll could not be loaded from  LoggerDllvrcv3.dll\n";
+    }
+    void nothingIsLoaded()
+    {
+        QFETCH(QString, probe);
+        QFETCH(QString, loggerEnabled);
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, out);
+        QFETCH(QString, err);
+        if (!loggerEnabled.isNull())
+            storeSystemValue("loggerEnabled", loggerEnabled);
+        QCOMPARE(run(qPrintable(probe), arguments), out);
+        QCOMPARE(m_err, err);
+        QVERIFY(!QFile::exists(recordFile()));
+        QVERIFY(!QDir(logsFolder()).exists());
+    }
+
+    void moduleReceivesFolderNameLevelAndHeader_data()
+    {
+        QTest::addColumn<QString>("storedLevel"); // a null text stores nothing
+        QTest::addColumn<int>("levelCode");
+        QTest::newRow("absent") << QString() << int('D');
+        QTest::newRow("long text: its first letter") << "Error" << int('E');
+        QTest::newRow("empty") << "" << 0;
+        QTest::newRow("latin-1") << QString::fromUtf8("\u00e9") << 0xe9;
+        QTest::newRow("beyond 8 bits") << QString::fromUtf8("\u0416x") << 0;
+    }
+    void moduleReceivesFolderNameLevelAndHeader()
+    {
+        QFETCH(QString, storedLevel);
+        QFETCH(int, levelCode);
+        if (!storedLevel.isNull())
+            storeSystemValue("loggerLevel", storedLevel);
+        const QString shownLevel = storedLevel.isNull() ? QString("D") : storedLevel;
+        QCOMPARE(run(PROBE_WITH_RECORDER, {}), QString("Initializing logger in %1 / %2\nresult: module\n").arg(logsFolder(), shownLevel));
+        QCOMPARE(m_err, QString());
+
+        const QStringList record = readLines(recordFile());
+        QCOMPARE(record.size(), 6);
+        QCOMPARE(record[0], QString("loaded"));
+        QCOMPARE(record[1], QString("initialize|%1|probe.log|%2").arg(logsFolder()).arg(levelCode));
+        QVERIFY2(QRegularExpression(R"(^log\|D\|Current time \(UTC\): \d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ$)")
+                     .match(record[2]).hasMatch(), qPrintable(record[2]));
+        QVERIFY(!userId().isEmpty());
+        QCOMPARE(record.mid(3), (QStringList{"log|D|Vexa Rectivo 3 Version: 3.2.0.254", "log|D|UID: " + userId(),
+                                             "log|D|CE version: 9.1.4.2102231203"}));
+    }
+
+    void realModuleWritesEveryLineFromManyThreads()
+    {
+        constexpr int threads = 8;
+        constexpr int lines = 500;
+        QCOMPARE(run(PROBE_WITH_MODULE, {"--assert", "--threads", QString::number(threads), "--lines", QString::number(lines)}),
+                 QString("Initializing logger in %1 / D\nresult: module\n").arg(logsFolder()));
+        QCOMPARE(m_err, QString());
+
+        // The header's text is pinned above; here: four header lines, the assertion, then every thread line whole.
+        const QStringList log = readLines(logsFolder() + "probe.log");
+        QCOMPARE(log.size(), 4 + 1 + threads * lines);
+        QVERIFY2(log[4].endsWith(" E " + probeAssertLine()), qPrintable(log[4]));
+        const QRegularExpression threadLine(R"(^\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3} D thread (\d+) line (\d+) payload-(\d+)$)");
+        QSet<QString> seen;
+        for (const QString& line : log.mid(5)) {
+            const QRegularExpressionMatch match = threadLine.match(line);
+            QVERIFY2(match.hasMatch() && match.captured(2) == match.captured(3), qPrintable(line));
+            seen.insert(match.captured(1) + '/' + match.captured(2));
+        }
+        QCOMPARE(seen.size(), threads * lines);
+    }
 
 private:
     // Runs the probe; returns its standard output, with its error stream in m_err.
-    QString run(const char* probe, const QStringList& arguments);
+    QString run(const char* probe, const QStringList& arguments)
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("HOME", m_root->path());
+        environment.insert("XDG_CONFIG_HOME", m_root->path() + "/config");
+        environment.insert("XDG_DATA_HOME", m_root->path() + "/data");
+        environment.insert("UTILSDLL_RECORDING_LOGGER", recordFile());
+        environment.remove("LD_LIBRARY_PATH");
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(probe, arguments);
+        const bool finished = process.waitForFinished(60000) && process.exitCode() == 0;
+        m_err = QString::fromUtf8(process.readAllStandardError());
+        return finished ? QString::fromUtf8(process.readAllStandardOutput()) : QString("probe failed");
+    }
+
     void storeSystemValue(const QString& key, const QString& value)
     {
         QSettings(m_root->path() + "/config/Vexa Labs/Vexa Rectivo 3.conf", QSettings::IniFormat).setValue(key, value);
@@ -54,119 +155,6 @@ private:
     std::unique_ptr<QTemporaryDir> m_root;
     QString m_err;
 };
-
-void TestLoggerBootstrap::init()
-{
-    m_root = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_root->isValid());
-}
-
-QString TestLoggerBootstrap::run(const char* probe, const QStringList& arguments)
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("HOME", m_root->path());
-    environment.insert("XDG_CONFIG_HOME", m_root->path() + "/config");
-    environment.insert("XDG_DATA_HOME", m_root->path() + "/data");
-    environment.insert("UTILSDLL_RECORDING_LOGGER", recordFile());
-    environment.remove("LD_LIBRARY_PATH");
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.start(probe, arguments);
-    const bool finished = process.waitForFinished(60000) && process.exitCode() == 0;
-    m_err = QString::fromUtf8(process.readAllStandardError());
-    return finished ? QString::fromUtf8(process.readAllStandardOutput()) : QString("probe failed");
-}
-
-void TestLoggerBootstrap::nothingIsLoaded_data()
-{
-    QTest::addColumn<QString>("probe");
-    QTest::addColumn<QString>("loggerEnabled"); // a null text stores nothing
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("out");
-    QTest::addColumn<QString>("err");
-    // Disabled: no logger at all, not even a passed one, and not a word on either stream.
-    QTest::newRow("disabled") << PROBE_WITH_RECORDER << "0" << QStringList{"--pass-logger", "--then-pass-logger"}
-                              << "result: null\nagain: null\n" << "";
-    // A passed logger is neither initialised nor given a header; the second one is refused.
-    QTest::newRow("passed logger") << PROBE_WITH_RECORDER << QString()
-                                   << QStringList{"--pass-logger", "--then-pass-logger", "--assert"}
-                                   << "result: first\nagain: first\nfirst.log E " + probeAssertLine() + "\n" << "";
-    // One message for every cause, with its two blanks before the file name.
-    QTest::newRow("missing module") << PROBE_WITHOUT_MODULE << QString() << QStringList{"--then-pass-logger"}
-                                    << "result: null\nagain: second\n"
-                                    << "***ERROR*** logger dll could not be loaded from  LoggerDllvrcv3.dll\n";
-}
-
-void TestLoggerBootstrap::nothingIsLoaded()
-{
-    QFETCH(QString, probe);
-    QFETCH(QString, loggerEnabled);
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, out);
-    QFETCH(QString, err);
-    if (!loggerEnabled.isNull())
-        storeSystemValue("loggerEnabled", loggerEnabled);
-    QCOMPARE(run(qPrintable(probe), arguments), out);
-    QCOMPARE(m_err, err);
-    QVERIFY(!QFile::exists(recordFile()));
-    QVERIFY(!QDir(logsFolder()).exists());
-}
-
-void TestLoggerBootstrap::moduleReceivesFolderNameLevelAndHeader_data()
-{
-    QTest::addColumn<QString>("storedLevel"); // a null text stores nothing
-    QTest::addColumn<int>("levelCode");
-    QTest::newRow("absent") << QString() << int('D');
-    QTest::newRow("long text") << "Debug" << int('D');
-    QTest::newRow("error") << "E" << int('E');
-    QTest::newRow("empty") << "" << 0;
-    QTest::newRow("latin-1") << QString::fromUtf8("\u00e9") << 0xe9;
-    QTest::newRow("beyond 8 bits") << QString::fromUtf8("\u0416x") << 0;
-}
-
-void TestLoggerBootstrap::moduleReceivesFolderNameLevelAndHeader()
-{
-    QFETCH(QString, storedLevel);
-    QFETCH(int, levelCode);
-    if (!storedLevel.isNull())
-        storeSystemValue("loggerLevel", storedLevel);
-    const QString shownLevel = storedLevel.isNull() ? QString("D") : storedLevel;
-    QCOMPARE(run(PROBE_WITH_RECORDER, {}), QString("Initializing logger in %1 / %2\nresult: module\n").arg(logsFolder(), shownLevel));
-    QCOMPARE(m_err, QString());
-
-    const QStringList record = readLines(recordFile());
-    QCOMPARE(record.size(), 6);
-    QCOMPARE(record[0], QString("loaded"));
-    QCOMPARE(record[1], QString("initialize|%1|probe.log|%2").arg(logsFolder()).arg(levelCode));
-    QVERIFY2(QRegularExpression(R"(^log\|D\|Current time \(UTC\): \d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ$)")
-                 .match(record[2]).hasMatch(), qPrintable(record[2]));
-    QVERIFY(!userId().isEmpty());
-    QCOMPARE(record.mid(3), (QStringList{"log|D|Vexa Rectivo 3 Version: 3.2.0.254", "log|D|UID: " + userId(),
-                                         "log|D|CE version: 9.1.4.2102231203"}));
-}
-
-void TestLoggerBootstrap::realModuleWritesEveryLineFromManyThreads()
-{
-    constexpr int threads = 8;
-    constexpr int lines = 500;
-    QCOMPARE(run(PROBE_WITH_MODULE, {"--assert", "--threads", QString::number(threads), "--lines", QString::number(lines)}),
-             QString("Initializing logger in %1 / D\nresult: module\n").arg(logsFolder()));
-    QCOMPARE(m_err, QString());
-
-    // The header's text is pinned above; here: four lines, then the assertion, then every thread line whole.
-    const QStringList log = readLines(logsFolder() + "probe.log");
-    QCOMPARE(log.size(), 4 + 1 + threads * lines);
-    QVERIFY2(log[0].contains(" D Current time (UTC): ") && log[3].contains(" D CE version: "), qPrintable(log[3]));
-    QVERIFY2(log[4].endsWith(" E " + probeAssertLine()), qPrintable(log[4]));
-    const QRegularExpression threadLine(R"(^\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3} D thread (\d+) line (\d+) payload-(\d+)$)");
-    QSet<QString> seen;
-    for (const QString& line : log.mid(5)) {
-        const QRegularExpressionMatch match = threadLine.match(line);
-        QVERIFY2(match.hasMatch() && match.captured(2) == match.captured(3), qPrintable(line));
-        seen.insert(match.captured(1) + '/' + match.captured(2));
-    }
-    QCOMPARE(seen.size(), threads * lines);
-}
 
 UTILSDLL_TEST_MAIN(TestLoggerBootstrap)
 #include "tst_loggerbootstrap.moc"
