@@ -1,6 +1,5 @@
-// The folder chooser's event handler and OK button procedure. The file is included so
-// that its module state and private handler can be reached; the full dialog is then
-// driven by a thread timer that its modal loop dispatches.
+// The folder chooser's event handler and OK button procedure, reached by including its
+// file; the full dialog is driven by a thread timer that its modal loop dispatches.
 
 #include "platform/win/WindowsNativeSelectFolderDialog.cpp"
 
@@ -142,31 +141,24 @@ TEST(FolderDialogHandler, AnswersOnlyForFileDialogEventsAndRefusesFileOkUntilCon
     EXPECT_EQ(events->Release(), 0u);
 }
 
-TEST(FolderDialog, OnlyTheMouseReleaseOverOkConfirms)
+TEST(FolderDialog, OnlyTheMouseReleaseOverOkConfirmsAndClosingAnswersNothing)
 {
     TemporaryFolder folder;
     ASSERT_TRUE(writeFile(folder.filePath(L"photo.jpg"), "jpeg"));
     DialogProbe probe;
     probe.steps = {pressReturnOnFile, pressOkInEveryWay};
     const std::wstring answer = runDialog(probe, folder.path());
-
     EXPECT_TRUE(sameTextIgnoringCase(probe.shownFolder, folder.path()));
     EXPECT_FALSE(probe.confirmedByKeyboard);
     EXPECT_FALSE(probe.confirmedByOtherMessages);
     EXPECT_FALSE(probe.confirmedWithoutFolder);
-    // The folder shown, not the file named.
+    // The folder shown, not the file named; then back to idle for the next dialog.
     EXPECT_TRUE(sameTextIgnoringCase(answer, folder.path()));
-    // Back to idle for the next dialog.
     EXPECT_FALSE(s_confirmed);
     EXPECT_EQ(s_currentFolder, nullptr);
     EXPECT_EQ(s_originalButtonProc, nullptr);
-}
 
-TEST(FolderDialog, ClosingWithoutConfirmingAnswersNothing)
-{
-    TemporaryFolder folder;
-    DialogProbe probe;
-    probe.steps = {[](DialogProbe&) { SendMessageW(s_dialogWindow, WM_CLOSE, 0, 0); }};
-    EXPECT_EQ(runDialog(probe, folder.path()), L"");
-    EXPECT_TRUE(sameTextIgnoringCase(probe.shownFolder, folder.path()));
+    DialogProbe closing;
+    closing.steps = {[](DialogProbe&) { SendMessageW(s_dialogWindow, WM_CLOSE, 0, 0); }};
+    EXPECT_EQ(runDialog(closing, folder.path()), L"");
 }
