@@ -85,7 +85,8 @@ TEST(VersionReaders, AgreeOnTheSameExecutables)
         SCOPED_TRACE(narrow(c.file));
         const FixedFileVersion win32 = executableFileVersion(c.file);
         const PeFileVersion portable = readPeFileVersionFromFile(narrow(c.file));
-        EXPECT_EQ(std::make_tuple(win32.found, win32.fileVersionMS, win32.fileVersionLS), std::make_tuple(c.found, c.ms, c.ls));
+        EXPECT_EQ(std::make_tuple(win32.found, win32.fileVersionMS, win32.fileVersionLS),
+                  std::make_tuple(c.found, c.ms, c.ls));
         EXPECT_EQ(std::make_tuple(portable.found, portable.fileVersionMS, portable.fileVersionLS),
                   std::make_tuple(c.found, c.ms, c.ls));
     }

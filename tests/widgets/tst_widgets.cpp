@@ -174,6 +174,7 @@ private slots:
             {QLineF(3, 3, 3, 3), {}}, // degenerate line
             {QLineF(0, 10, 1, 10), {{5, 10}, {15, 10}}},
             {QLineF(30, 10, 29, 10), {{15, 10}, {5, 10}}},
+            {QLineF(9, 10, 11, 10), {{5, 10}, {15, 10}}}, // both points inside
             {QLineF(12, 0, 12, 1), {{12, 10 - std::sqrt(21.0)}, {12, 10 + std::sqrt(21.0)}}},
             {QLineF(0, 15, 1, 15), {{10, 15}}}, // tangent
             {QLineF(0, 16, 1, 16), {}}};
@@ -369,7 +370,8 @@ private slots:
         QTemporaryDir folder;
         QFile svg(folder.filePath("square.svg"));
         QVERIFY(svg.open(QIODevice::WriteOnly));
-        svg.write("<svg xmlns='http://www.w3.org/2000/svg' width='10' height='10'><rect width='10' height='10'/></svg>");
+        svg.write("<svg xmlns='http://www.w3.org/2000/svg' width='10' height='10'>"
+                  "<rect width='10' height='10'/></svg>");
         svg.close();
         m_viewer->setIcon(svg.fileName());
         QVERIFY(!m_viewer->icon().isNull());
