@@ -24,7 +24,6 @@
 
 using namespace Vexa;
 
-Q_DECLARE_METATYPE(QList<QPointF>)
 Q_DECLARE_METATYPE(Qt::AspectRatioMode)
 
 namespace {
@@ -229,13 +228,7 @@ private slots:
     void toolLines()
     {
         const QRectF box(0, 0, 50, 50);
-        const struct
-        {
-            QLineF segment;
-            QRectF clip;
-            bool stretch;
-            QRect ink;
-        } cases[] = {
+        const struct { QLineF segment; QRectF clip; bool stretch; QRect ink; } cases[] = {
             // Length 35: tiles at 0, 10, 20, 30, the last running 5 pixels past the end.
             {QLineF(5, 20, 40, 20), QRectF(), false, QRect(5, 20, 40, 4)},
             {QLineF(10, 20, 60, 20), QRectF(), true, QRect(10, 20, 50, 4)},
