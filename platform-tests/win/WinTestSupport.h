@@ -62,6 +62,7 @@ public:
         RemoveDirectoryW(m_path.c_str());
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
     const std::wstring& path() const { return m_path; }
     std::wstring filePath(const std::wstring& name) const { return m_path + L'\\' + name; }
 
