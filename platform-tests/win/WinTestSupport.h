@@ -1,7 +1,5 @@
 #pragma once
 
-// Small helpers shared by the Windows seam tests.
-
 #include <windows.h>
 
 #include <string>
@@ -27,15 +25,10 @@ inline bool sameTextIgnoringCase(const std::wstring& a, const std::wstring& b)
     return CompareStringOrdinal(a.c_str(), int(a.size()), b.c_str(), int(b.size()), TRUE) == CSTR_EQUAL;
 }
 
-inline bool exists(const std::wstring& path)
-{
-    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
-}
-
-inline bool isFolder(const std::wstring& path)
+inline bool exists(const std::wstring& path, DWORD attribute = 0)
 {
     const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & attribute) == attribute;
 }
 
 inline bool writeFile(const std::wstring& path, const std::string& content)
@@ -70,7 +63,6 @@ public:
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
     const std::wstring& path() const { return m_path; }
     std::wstring filePath(const std::wstring& name) const { return m_path + L'\\' + name; }
 

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 using namespace VexaPlatform;
@@ -34,7 +35,7 @@ std::string narrow(const std::wstring& path)
 
 } // namespace
 
-TEST(ProcessIdentity, FindsProgramsByWholeNameIgnoringCaseAndReadsTheirVersion)
+TEST(ProcessIdentity, FindsProgramsByWholeNameIgnoringCase)
 {
     EXPECT_EQ(currentProcessBaseName(), L"tst_win_process.exe");
 
@@ -51,18 +52,11 @@ TEST(ProcessIdentity, FindsProgramsByWholeNameIgnoringCaseAndReadsTheirVersion)
     for (int attempt = 0; attempt < 50 && found.empty(); ++attempt, Sleep(100))
         found = findProcess(L"VERSIONEDSAMPLE.EXE");
     EXPECT_TRUE(sameTextIgnoringCase(found, program)) << narrow(found);
-    // The library's way: find the program among the processes, then read its file.
-    const FixedFileVersion version = executableFileVersion(found);
-    EXPECT_TRUE(version.found);
-    EXPECT_EQ(version.fileVersionMS, (3u << 16) | 2u);
-    EXPECT_EQ(version.fileVersionLS, (0u << 16) | 254u);
     // The whole base name counts, extension included.
     EXPECT_EQ(findProcess(L"VersionedSample"), L"");
-    EXPECT_EQ(findProcess(L"no-such-process.exe"), L"");
     // This process is found like any other. Windows' own, not shown here: processes of
     // other users cannot be opened and are passed over; under Wine every one can be.
     EXPECT_TRUE(sameTextIgnoringCase(findProcess(L"TST_WIN_PROCESS.EXE"), hostExecutable()));
-
     TerminateProcess(running.hProcess, 0);
     WaitForSingleObject(running.hProcess, 5000);
     CloseHandle(running.hThread);
@@ -73,12 +67,7 @@ TEST(ProcessIdentity, FindsProgramsByWholeNameIgnoringCaseAndReadsTheirVersion)
 // committed samples that the Linux tests read, against the same table.
 TEST(VersionReaders, AgreeOnTheSameExecutables)
 {
-    struct Case
-    {
-        std::wstring file;
-        bool found;
-        std::uint32_t ms, ls;
-    };
+    struct Case { std::wstring file; bool found; std::uint32_t ms, ls; };
     std::vector<Case> cases = {
         {besideTest(VERSIONED_SAMPLE), true, (3u << 16) | 2u, (0u << 16) | 254u},
         {besideTest(UNVERSIONED_SAMPLE), false, 0, 0},
@@ -96,11 +85,9 @@ TEST(VersionReaders, AgreeOnTheSameExecutables)
         SCOPED_TRACE(narrow(c.file));
         const FixedFileVersion win32 = executableFileVersion(c.file);
         const PeFileVersion portable = readPeFileVersionFromFile(narrow(c.file));
-        EXPECT_EQ(win32.found, c.found);
-        EXPECT_EQ(portable.found, c.found);
-        EXPECT_EQ(win32.fileVersionMS, c.ms);
-        EXPECT_EQ(win32.fileVersionLS, c.ls);
-        EXPECT_EQ(portable.fileVersionMS, c.ms);
-        EXPECT_EQ(portable.fileVersionLS, c.ls);
+        EXPECT_EQ(std::make_tuple(win32.found, win32.fileVersionMS, win32.fileVersionLS),
+                  std::make_tuple(c.found, c.ms, c.ls));
+        EXPECT_EQ(std::make_tuple(portable.found, portable.fileVersionMS, portable.fileVersionLS),
+                  std::make_tuple(c.found, c.ms, c.ls));
     }
 }

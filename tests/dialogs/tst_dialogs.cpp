@@ -21,31 +21,26 @@
 #include <QTranslator>
 
 #include <atomic>
-#include <cstdlib>
 #include <unistd.h>
 
 using UtilsDllTest::whenModalShown;
 using Vexa::CErrStrings;
 using Files = QMap<QString, QByteArray>;
 
-// Every heap allocation goes through these, so that a Show... call, made when memory has
-// run out, can be checked to allocate nothing at all.
+// Every heap allocation is counted, so that a Show... call, made when memory has run out,
+// can be checked to allocate nothing at all.
 extern "C" {
 void* __libc_malloc(size_t size);
 void* __libc_calloc(size_t count, size_t size);
 void* __libc_realloc(void* pointer, size_t size);
 }
-
-namespace {
-std::atomic<bool> s_counting{false};
-std::atomic<long> s_allocations{0};
-void countAllocation()
+static std::atomic<bool> s_counting{false};
+static std::atomic<long> s_allocations{0};
+static void countAllocation()
 {
     if (s_counting.load(std::memory_order_relaxed))
         s_allocations.fetch_add(1, std::memory_order_relaxed);
 }
-} // namespace
-
 extern "C" {
 void* malloc(size_t size) { return countAllocation(), __libc_malloc(size); }
 void* calloc(size_t count, size_t size) { return countAllocation(), __libc_calloc(count, size); }
@@ -54,12 +49,8 @@ void* realloc(void* pointer, size_t size) { return countAllocation(), __libc_rea
 
 namespace {
 
-// What the calls wrote to the standard error stream, and how many allocations they made.
-struct Shown
-{
-    QString text;
-    long allocations;
-};
+// What the call wrote to the standard error stream, and how many allocations it made.
+struct Shown { QString text; long allocations; };
 
 template <class Call>
 Shown captureStandardError(Call call)
@@ -81,6 +72,10 @@ Shown captureStandardError(Call call)
     return {QString::fromUtf8(capture.readAll()), allocations};
 }
 
+QString shownText(const CErrStrings& strings, void (CErrStrings::*show)() const)
+{
+    return captureStandardError([&] { (strings.*show)(); }).text;
+}
 
 enum Entry { Information, Warning, Critical, YesNo, Rotate, SaveDiscardCancel, BackgroundProcessing };
 
@@ -127,9 +122,9 @@ QString textOf(QWidget* dialog, const char* name)
     return dialog->findChild<QWidget*>(name)->property("text").toString();
 }
 
-// The licence folder sits beside the test program, which has a folder of its own.
 const QString s_separator = "<br>******************************************************<br>";
 
+// The licence folder sits beside the test program, which has a folder of its own.
 QString licencesFolder()
 {
     return QCoreApplication::applicationDirPath() + "/Licenses";
@@ -154,8 +149,7 @@ QList<QLabel*> licenceLabels(QWidget* dialog)
 class HeaderDialog : public CBaseDialog
 {
 public:
-    explicit HeaderDialog(int headerHeight, Qt::WindowFlags flags = {})
-        : CBaseDialog(nullptr, flags)
+    explicit HeaderDialog(int headerHeight, Qt::WindowFlags flags = {}) : CBaseDialog(nullptr, flags)
     {
         setHeaderHeight(headerHeight);
         setMinimumSize(200, 120);
@@ -227,14 +221,17 @@ private slots:
         QTest::addColumn<QPoint>("press");
         QTest::addColumn<bool>("onButton");
         QTest::addColumn<Qt::MouseButton>("button");
+        QTest::addColumn<Qt::MouseButton>("release");
         QTest::addColumn<bool>("drags");
 
-        QTest::newRow("band 30, press at 30") << 30 << QPoint(10, 30) << false << Qt::LeftButton << true;
-        QTest::newRow("band 30, press at 31") << 30 << QPoint(10, 31) << false << Qt::LeftButton << false;
-        QTest::newRow("band 30, press at 0") << 30 << QPoint(10, 0) << false << Qt::LeftButton << true;
-        QTest::newRow("no band, press low down") << 0 << QPoint(10, 110) << false << Qt::LeftButton << true;
-        QTest::newRow("no band, press on a button") << 0 << QPoint(5, 5) << true << Qt::LeftButton << false;
-        QTest::newRow("right button") << 0 << QPoint(10, 10) << false << Qt::RightButton << false;
+        const auto left = Qt::LeftButton, right = Qt::RightButton;
+        QTest::newRow("band 30, press at 30") << 30 << QPoint(10, 30) << false << left << left << true;
+        QTest::newRow("band 30, press at 31") << 30 << QPoint(10, 31) << false << left << left << false;
+        QTest::newRow("no band, press low down") << 0 << QPoint(10, 110) << false << left << left << true;
+        QTest::newRow("no band, press on a button") << 0 << QPoint(5, 5) << true << left << left << false;
+        QTest::newRow("right button") << 0 << QPoint(10, 10) << false << right << right << false;
+        // Any release ends a drag, even of a button that was not pressed.
+        QTest::newRow("right release") << 0 << QPoint(10, 10) << false << left << right << true;
     }
 
     void dragByHeaderBand()
@@ -243,6 +240,7 @@ private slots:
         QFETCH(QPoint, press);
         QFETCH(bool, onButton);
         QFETCH(Qt::MouseButton, button);
+        QFETCH(Qt::MouseButton, release);
         QFETCH(bool, drags);
 
         HeaderDialog dialog(header);
@@ -253,23 +251,10 @@ private slots:
         const QPoint global = target->mapToGlobal(press);
         sendMouse(target, QEvent::MouseButtonPress, global, button, button);
         sendMouse(target, QEvent::MouseMove, global + QPoint(40, 25), Qt::NoButton, button);
-        sendMouse(target, QEvent::MouseButtonRelease, global + QPoint(40, 25), button, Qt::NoButton);
+        const Qt::MouseButtons held = Qt::MouseButtons(button) & ~Qt::MouseButtons(release);
+        sendMouse(target, QEvent::MouseButtonRelease, global + QPoint(40, 25), release, held);
+        sendMouse(target, QEvent::MouseMove, global + QPoint(90, 90), Qt::NoButton, held);
         QCOMPARE(dialog.pos() - start, drags ? QPoint(40, 25) : QPoint(0, 0));
-    }
-
-    void anyReleaseEndsADrag()
-    {
-        HeaderDialog dialog(0);
-        dialog.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-        const QPoint start = dialog.pos();
-        const QPoint global = dialog.mapToGlobal(QPoint(10, 10));
-        sendMouse(&dialog, QEvent::MouseButtonPress, global, Qt::LeftButton, Qt::LeftButton);
-        sendMouse(&dialog, QEvent::MouseMove, global + QPoint(10, 10), Qt::NoButton, Qt::LeftButton);
-        QCOMPARE(dialog.pos(), start + QPoint(10, 10));
-        sendMouse(&dialog, QEvent::MouseButtonRelease, global, Qt::RightButton, Qt::LeftButton);
-        sendMouse(&dialog, QEvent::MouseMove, global + QPoint(80, 80), Qt::NoButton, Qt::LeftButton);
-        QCOMPARE(dialog.pos(), start + QPoint(10, 10));
     }
 
     void messageBoxEntries_data()
@@ -277,33 +262,25 @@ private slots:
         QTest::addColumn<Entry>("entry");
         QTest::addColumn<QStringList>("buttons"); // "name:text" from left to right, the default starred
         QTest::addColumn<int>("height");
-        QTest::addColumn<QSize>("iconSize");
         QTest::addColumn<Answers>("answers"); // a button's object name, or "Escape" / "Return"
 
-        const QSize small(34, 34);
-        const QSize natural(-1, -1);
         const int yes = QMessageBox::Yes, no = QMessageBox::No, save = QMessageBox::Save;
         const int discard = QMessageBox::Discard, cancel = QMessageBox::Cancel;
-        QTest::newRow("information") << Information << QStringList{"mbSipleButton:OK*"} << 200 << small
+        QTest::newRow("information") << Information << QStringList{"mbSipleButton:OK*"} << 200
                                      << Answers{{"mbSipleButton", -1}};
-        QTest::newRow("warning") << Warning << QStringList{"mbSipleButton:Close*"} << 210 << small
-                                 << Answers{{"Escape", -1}};
-        QTest::newRow("critical") << Critical << QStringList{"mbSipleButton:Close*"} << 220 << small
-                                  << Answers{{"Return", -1}};
-        QTest::newRow("yes/no") << YesNo << QStringList{"yesButton:Yes*", "noButton:No"} << 230 << small
+        QTest::newRow("warning") << Warning << QStringList{"mbSipleButton:Close*"} << 210 << Answers{{"Escape", -1}};
+        QTest::newRow("critical") << Critical << QStringList{"mbSipleButton:Close*"} << 220 << Answers{{"Return", -1}};
+        QTest::newRow("yes/no") << YesNo << QStringList{"yesButton:Yes*", "noButton:No"} << 230
                                 << Answers{{"yesButton", yes}, {"noButton", no}, {"Escape", no}, {"Return", yes}};
         QTest::newRow("rotate") << Rotate << QStringList{"rotateButton:Rotate*", "cancelButton:Cancel"} << 240
-                                << natural
                                 << Answers{{"rotateButton", 1}, {"cancelButton", 0}, {"Escape", 0}, {"Return", 1}};
         QTest::newRow("save/discard/cancel")
             << SaveDiscardCancel << QStringList{"discardButton:Don't save", "saveButton:Save*", "cancelButton:Cancel"}
-            << 250 << natural
-            << Answers{{"saveButton", save}, {"discardButton", discard}, {"cancelButton", cancel},
-                       {"Escape", cancel}, {"Return", save}};
+            << 250 << Answers{{"saveButton", save}, {"discardButton", discard}, {"cancelButton", cancel},
+                              {"Escape", cancel}, {"Return", save}};
         QTest::newRow("background processing")
             << BackgroundProcessing
             << QStringList{"dontQuitButton:Don't quit", "quitWithoutSavingButton:Quit without saving*"} << 165
-            << small
             << Answers{{"quitWithoutSavingButton", discard}, {"dontQuitButton", cancel}, {"Escape", cancel},
                        {"Return", discard}};
     }
@@ -313,39 +290,31 @@ private slots:
         QFETCH(Entry, entry);
         QFETCH(QStringList, buttons);
         QFETCH(int, height);
-        QFETCH(QSize, iconSize);
         QFETCH(Answers, answers);
 
-        bool checked = false;
-        whenModalShown<CMessageBox>([&](CMessageBox* box) {
-            const auto close = qScopeGuard([box] { box->reject(); }); // even when a check fails
-            QCOMPARE(box->size(), QSize(520, height));
-            QCOMPARE(buttonsOf(box), buttons);
-            QCOMPARE(box->findChild<QWidget*>("iconWidget")->property("mandatoryImageSize").toSize(), iconSize);
-            QCOMPARE(textOf(box, "textLabel"), QString("Some text"));
-            QCOMPARE(box->windowTitle(), QString("Dialog"));
-            for (QPushButton* button : box->findChildren<QPushButton*>())
-                QCOMPARE(button->minimumSize(), QSize(80, 36));
-            QVERIFY(box->findChild<QWidget*>("wBackgroundWidget"));
-            checked = true;
-        });
-        runEntry(entry, "Some text", height);
-        QVERIFY(checked);
-
         for (const auto& answer : answers) {
-            whenModalShown<CMessageBox>([answer](CMessageBox* box) { act(box, answer.first); });
-            QVERIFY2(runEntry(entry, "Question?", 200) == answer.second, qPrintable(answer.first));
-            QVERIFY(!QApplication::activeModalWidget());
+            bool shown = false;
+            whenModalShown<CMessageBox>([&](CMessageBox* box) {
+                const auto reply = qScopeGuard([&] { act(box, answer.first); }); // even when a check fails
+                QCOMPARE(box->size(), QSize(520, height));
+                QCOMPARE(buttonsOf(box), buttons);
+                QCOMPARE(textOf(box, "textLabel"), QString("Question?"));
+                QCOMPARE(box->windowTitle(), QString("Dialog"));
+                shown = true;
+            });
+            QVERIFY2(runEntry(entry, "Question?", height) == answer.second, qPrintable(answer.first));
+            QVERIFY(shown);
         }
     }
 
+    // The scripting client reaches the setters by name; they only store, and neither the
+    // shown dialog nor the next one is answered by them.
     void scriptedAnswersAreOnlyStored()
     {
         UtilsDllTest::ScopedTestLogger logger;
         bool scripted = false;
         whenModalShown<CMessageBox>([&scripted, &logger](CMessageBox* box) {
             const auto answer = qScopeGuard([box] { act(box, "noButton"); });
-            // The scripting client reaches the setters by name; they only store.
             QVERIFY(QMetaObject::invokeMethod(box, "setYesNoMessage", Q_ARG(bool, true)));
             QVERIFY(QMetaObject::invokeMethod(box, "setRotateQuestion", Q_ARG(bool, true)));
             QVERIFY(QMetaObject::invokeMethod(box, "setYesNoMessageWithCheckBox", Q_ARG(bool, true),
@@ -359,39 +328,21 @@ private slots:
         });
         QCOMPARE(CMessageBox::yesNoMessage(nullptr, "First", 200), QMessageBox::No);
         QVERIFY(scripted);
-
-        // A predefined Yes does not answer the next dialog: the user does.
         whenModalShown<CMessageBox>([](CMessageBox* box) { act(box, "noButton"); });
         QCOMPARE(CMessageBox::yesNoMessage(nullptr, "Second", 200), QMessageBox::No);
     }
 
-    void hostWarningEndings_data()
-    {
-        QTest::addColumn<QString>("action");
-        QTest::addColumn<bool>("quits");
-
-        QTest::newRow("Quit button") << "quitButton" << true;
-        QTest::newRow("Try button") << "tryButton" << false;
-        QTest::newRow("Escape") << "Escape" << false;
-        // The focus starts on Quit, so Return at once quits.
-        QTest::newRow("Return") << "Return" << true;
-    }
-
     void hostWarningEndings()
     {
-        QFETCH(QString, action);
-        QFETCH(bool, quits);
-
-        CHostWarningDlg dialog(nullptr);
-        QString focused;
-        whenModalShown<CHostWarningDlg>([&focused, action](CHostWarningDlg* shown) {
-            focused = QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
-            act(shown, action);
-        });
-        QCOMPARE(dialog.exec(), 0);
-        QCOMPARE(focused, QString("quitButton"));
-        QCOMPARE(dialog.hasUserChosenToQuit(), quits);
-        QVERIFY(!dialog.isVisible());
+        // The focus starts on Quit, so Return at once quits.
+        const QList<QPair<QString, bool>> endings = {
+            {"quitButton", true}, {"tryButton", false}, {"Escape", false}, {"Return", true}};
+        for (const auto& ending : endings) {
+            CHostWarningDlg dialog(nullptr);
+            whenModalShown<CHostWarningDlg>([ending](CHostWarningDlg* shown) { act(shown, ending.first); });
+            QCOMPARE(dialog.exec(), 0);
+            QVERIFY2(dialog.hasUserChosenToQuit() == ending.second, qPrintable(ending.first));
+        }
     }
 
     void hostWarningFormAndExplanation()
@@ -408,29 +359,23 @@ private slots:
         QCOMPARE(order, (QStringList{"quitButton", "tryButton", "showExplanatoryCheckBox"}));
         QCOMPARE(dialog.objectName(), QString("HostWarningDlg"));
         QCOMPARE(dialog.windowTitle(), QString("Open original image"));
-        QCOMPARE(textOf(&dialog, "mainTextLabel"), QString("Your image cannot be modified."));
-        QCOMPARE(textOf(&dialog, "tryButton"), QString("Try"));
-        QCOMPARE(dialog.minimumWidth(), 600);
-        QCOMPARE(dialog.findChild<QWidget*>("wUpdateIcon")->size(), QSize(34, 34));
 
         // The check box shows the explanation: dialog and frame grow downwards, and shrink back.
         auto* frame = dialog.findChild<QWidget*>("wRoundedFrame");
-        auto* explanation = dialog.findChild<QWidget*>("explanationWidget");
         auto* checkBox = dialog.findChild<QCheckBox*>("showExplanatoryCheckBox");
         const QPoint topLeft = dialog.pos();
-        for (bool shown : {false, true, false}) {
-            if (shown != checkBox->isChecked())
-                QTest::mouseClick(checkBox, Qt::LeftButton, {}, QPoint(5, checkBox->height() / 2));
+        for (bool shown : {true, false}) {
+            QTest::mouseClick(checkBox, Qt::LeftButton, {}, QPoint(5, checkBox->height() / 2));
             QCOMPARE(checkBox->isChecked(), shown);
             QCOMPARE(dialog.height(), shown ? 315 : 180);
             QCOMPARE(frame->height(), dialog.height());
-            QCOMPARE(explanation->isVisible(), shown);
+            QCOMPARE(dialog.findChild<QWidget*>("explanationWidget")->isVisible(), shown);
             QCOMPARE(dialog.pos(), topLeft);
         }
         QVERIFY(!dialog.hasUserChosenToQuit());
     }
 
-    void showWritesPreparedTextsWithoutAllocating()
+    void errorStringsWrittenWithoutAllocating()
     {
         using Show = void (CErrStrings::*)() const;
         const QList<QPair<Show, QString>> shows = {
@@ -440,7 +385,6 @@ private slots:
              "Error: Vexa Rectivo 3 has run out of memory. The application may now become unstable. Please close "
              "Vexa Rectivo 3 and Photoshop, quit all other programs running, and try again.\n"},
             {&CErrStrings::ShowUnhandledExceptionDialog, "Error: Unhandled exception. Program will be closed.\n"}};
-
         const CErrStrings strings;
         // A window is active, so the owner is looked up too.
         QWidget window;
@@ -452,50 +396,34 @@ private slots:
             QCOMPARE(shown.allocations, 0L);
             QVERIFY2(shown.text.startsWith(show.second), qPrintable(shown.text));
         }
-        // The hook does see allocations: a string made in the window is counted.
+        // The hook does see allocations.
         QVERIFY(captureStandardError([]() { QString made = QString::number(123456789); }).allocations > 0);
-    }
 
-    void driveOfTheTemporaryFolder_data()
-    {
-        QTest::addColumn<QByteArray>("temporaryFolder");
-        QTest::addColumn<QString>("drive");
-
-        // The folder must exist to be taken. Cut at the first ':' only.
+        // The drive of the temporary folder, which must exist to be taken: cut at the first ':'
+        // only; without one the whole path stays, then ":\" follows. Copies keep the prepared
+        // texts; Retranslate recomputes them.
         const QString root = UtilsDllTest::IsolatedEnvironment::root();
-        QDir(root).mkpath("D:Temp/E:inner");
-        QTest::newRow("drive letter") << QFile::encodeName(root + "/D:Temp/E:inner") << root + "/D:\\";
-        // Without a ':' the whole path stays, then ":\" follows.
-        QTest::newRow("no drive") << QFile::encodeName(root) << root + ":\\";
-    }
-
-    void driveOfTheTemporaryFolder()
-    {
-        QFETCH(QByteArray, temporaryFolder);
-        QFETCH(QString, drive);
-
+        QVERIFY(QDir(root).mkpath("D:Temp/E:inner"));
         const QByteArray saved = qgetenv("TMPDIR");
-        qputenv("TMPDIR", temporaryFolder);
-        CErrStrings strings;
-        qputenv("TMPDIR", saved);
-        const auto smallSpaceOf = [](const CErrStrings& shown) {
-            return captureStandardError([&shown]() { shown.ShowSmallFreeSpaceDialog(); }).text;
-        };
-        const QString expected = "Error: Windows small space message on drive " + drive + "\n";
-        QCOMPARE(smallSpaceOf(strings), expected);
-
-        // Copies keep the prepared texts; Retranslate recomputes from the present folder.
-        const CErrStrings copy(strings);
-        CErrStrings assigned;
-        assigned = strings;
-        strings.Retranslate();
-        QCOMPARE(smallSpaceOf(copy), expected);
-        QCOMPARE(smallSpaceOf(assigned), expected);
-        QVERIFY(!smallSpaceOf(strings).contains(drive));
+        for (const auto& [folder, drive] :
+             {std::pair{root + "/D:Temp/E:inner", root + "/D:\\"}, std::pair{root, root + ":\\"}}) {
+            qputenv("TMPDIR", QFile::encodeName(folder));
+            CErrStrings strings;
+            qputenv("TMPDIR", saved);
+            const QString expected = "Error: Windows small space message on drive " + drive + "\n";
+            QCOMPARE(shownText(strings, &CErrStrings::ShowSmallFreeSpaceDialog), expected);
+            const CErrStrings copy(strings);
+            CErrStrings assigned;
+            assigned = strings;
+            strings.Retranslate();
+            QCOMPARE(shownText(copy, &CErrStrings::ShowSmallFreeSpaceDialog), expected);
+            QCOMPARE(shownText(assigned, &CErrStrings::ShowSmallFreeSpaceDialog), expected);
+            QVERIFY(!shownText(strings, &CErrStrings::ShowSmallFreeSpaceDialog).contains(drive));
+        }
     }
 
-    // The translation contexts are a contract with the catalogues: a test catalogue with one
-    // entry per context shows that each text is looked up where it should be.
+    // A test catalogue with one entry per translation context shows that each text is
+    // looked up where the catalogues expect it.
     void translationContexts()
     {
         const CErrStrings madeBefore;
@@ -506,14 +434,12 @@ private slots:
         const auto remove = qScopeGuard([&translator] { QCoreApplication::removeTranslator(&translator); });
 
         // Error strings follow Retranslate only, not the translator in force when shown.
-        const auto outOfMemoryOf = [](const CErrStrings& shown) {
-            return captureStandardError([&shown]() { shown.ShowOutOfMemoryDialog(); }).text;
-        };
         CErrStrings retranslated(madeBefore);
-        QCOMPARE(outOfMemoryOf(retranslated), QString("Error: Out of memory. Program will be closed.\n"));
         retranslated.Retranslate();
-        QCOMPARE(outOfMemoryOf(retranslated), QString("Test error: Test: out of memory\n"));
-        QCOMPARE(outOfMemoryOf(madeBefore), QString("Error: Out of memory. Program will be closed.\n"));
+        QCOMPARE(shownText(retranslated, &CErrStrings::ShowOutOfMemoryDialog),
+                 QString("Test error: Test: out of memory\n"));
+        QCOMPARE(shownText(madeBefore, &CErrStrings::ShowOutOfMemoryDialog),
+                 QString("Error: Out of memory. Program will be closed.\n"));
 
         // Dialogs translate at construction only: the earlier dialog keeps its text.
         QCOMPARE(textOf(&constructedBefore, "quitButton"), QString("Quit"));
@@ -544,10 +470,8 @@ private slots:
         QTest::addColumn<int>("separators");
 
         QTest::newRow("no folder") << Files() << QStringList() << -1;
-        QTest::newRow("one file") << Files{{"one.txt", "first line\nsecond line\n"}}
-                                  << QStringList{"first line<br>second line<br>"} << 0;
-        QTest::newRow("two files") << Files{{"one.txt", "A\n"}, {"two.txt", "B\n"}} << QStringList{"A<br>", "B<br>"}
-                                   << 1;
+        QTest::newRow("two files") << Files{{"one.txt", "A\nA2\n"}, {"two.txt", "B\n"}}
+                                   << QStringList{"A<br>A2<br>", "B<br>"} << 1;
         // An empty file drops out of the join, and is taken off the list all the same.
         QTest::newRow("one of two empty") << Files{{"one.txt", ""}, {"two.txt", "B\n"}} << QStringList{"B<br>"} << 0;
         QTest::newRow("other files ignored") << Files{{"one.txt", "A\n"}, {"notes.md", "M\n"}} << QStringList{"A<br>"}
@@ -579,8 +503,7 @@ private slots:
         writeLicences({{"one.txt", "A\n"}, {"two.txt", "B\n"}, {"three.txt", "C\n"}});
         CAboutDlg dialog;
         auto* thread = dialog.findChild<QThread*>();
-        QVERIFY(thread);
-        QVERIFY(thread->wait(5000));
+        QVERIFY(thread && thread->wait(5000));
         QTRY_COMPARE(licenceLabels(&dialog).size(), 2);
 
         // The first label holds two texts and ends with the separator; the last file's has none.
@@ -594,30 +517,21 @@ private slots:
         QVERIFY(added->wordWrap() && added->openExternalLinks());
     }
 
+    // What the pictures test cannot see: titles, link targets, the product name, the fixed size.
     void fixedTextsOfBothBoxes()
     {
         CAboutDlg about;
         QCOMPARE(about.windowTitle(), QString("About Vexa Rectivo 3"));
-        QCOMPARE(textOf(&about, "aboutLabel"), QString("Version 3.2.0 / Build 254 / 64 bit"));
-        QCOMPARE(textOf(&about, "label_3"), QString("Shift your perspective"));
         QVERIFY(textOf(&about, "lbVisitVexaHomePage")
                     .contains("?utm_source=Rectivo3&utm_medium=software&utm_content=empty"));
-        QVERIFY(about.findChild<QWidget*>("label_3")->styleSheet().endsWith(
-            "font-size: 20px; font-weight: bold; font-family: \"OpenSansLight\";"));
-        QCOMPARE(about.findChild<QWidget*>("grayWidget")->styleSheet(), QString("background:#262626"));
-        QCOMPARE(about.findChild<QWidget*>("blackWidget")->styleSheet(), QString("background:black"));
         about.updateProductName("");
         QCOMPARE(textOf(&about, "label_1"), QString("Vexa Rectivo 3"));
         about.updateProductName("Pro");
         QCOMPARE(textOf(&about, "label_1"), QString("Vexa Rectivo 3 Pro"));
 
         CAboutSorelDlg sorel;
-        QCOMPARE(sorel.size(), QSize(417, 500));
         QCOMPARE(sorel.minimumSize(), sorel.maximumSize());
         QCOMPARE(sorel.windowTitle(), QString("About"));
-        QCOMPARE(textOf(&sorel, "label_sorel"), QString("Sorel Collection by Vexa"));
-        QVERIFY(textOf(&sorel, "label_product_name").contains(">Vexa Rectivo 3<sup>&reg;</sup></p>"));
-        QCOMPARE(textOf(&sorel, "label_footer"), QString("Version: 3.2.0.254 x64 (v0.0.0.0)"));
         const QString link = textOf(&sorel, "label_acknowledgements");
         QVERIFY2(link.startsWith("<a href=\"file:///" + licencesFolder() + "/acknowledgments.html\""),
                  qPrintable(link));
@@ -633,7 +547,6 @@ private slots:
         other.resize(200, 200);
         other.show();
         QVERIFY(QTest::qWaitForWindowExposed(&other));
-
         for (int variant = 0; variant < 2; ++variant) {
             QPointer<QWidget> about = variant == 0 ? static_cast<QWidget*>(new CAboutDlg)
                                                    : static_cast<QWidget*>(new CAboutSorelDlg);
