@@ -225,10 +225,8 @@ void TestFileManagement::roundWithPrecision_data()
     QTest::newRow("negative precision as 0") << 2.5 << -3 << 3.0;
     QTest::newRow("zero") << 0.0 << 3 << 0.0;
     QTest::newRow("negative zero") << -0.0 << 3 << 0.0;
-    QTest::newRow("two places") << 1.23456 << 2 << 1.23;
     QTest::newRow("two places, up") << 1.235001 << 2 << 1.24;
     QTest::newRow("three places, negative") << -1.23456 << 3 << -1.235;
-    QTest::newRow("already exact") << 1.5 << 1 << 1.5;
     QTest::newRow("beyond int range") << 5e10 + 0.126 << 2 << 5e10 + 0.13;
 }
 

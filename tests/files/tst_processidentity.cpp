@@ -33,15 +33,10 @@ PeFileVersion versionOf(const QByteArray& image)
     return readPeFileVersion(reinterpret_cast<const std::uint8_t*>(image.constData()), size_t(image.size()));
 }
 
-void put16(QByteArray& image, int offset, quint16 value)
+// Writes `bytes` bytes of `value` at `offset`, little-endian.
+void put(QByteArray& image, int offset, quint64 value, int bytes)
 {
-    image[offset] = char(value & 0xFF);
-    image[offset + 1] = char(value >> 8);
-}
-
-void put32(QByteArray& image, int offset, quint32 value)
-{
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < bytes; ++i)
         image[offset + i] = char((value >> (8 * i)) & 0xFF);
 }
 
@@ -57,41 +52,41 @@ QByteArray buildPe32(quint32 fileVersionMS, quint32 fileVersionLS)
     constexpr int kRaw = 0x200;
     constexpr quint32 kRva = 0x1000;
     QByteArray image(kRaw + 0x200, '\0');
-    put16(image, 0, 0x5A4D);
-    put32(image, 0x3C, kPeOffset);
-    put32(image, kPeOffset, 0x00004550);
-    put16(image, kPeOffset + 4, 0x14C);
-    put16(image, kPeOffset + 6, 1);
-    put16(image, kPeOffset + 20, kOptionalSize);
-    put16(image, kOptional, 0x10B);
-    put32(image, kOptional + 92, 16);
-    put32(image, kOptional + 96 + 16, kRva);
-    put32(image, kOptional + 96 + 20, 0x200);
+    put(image, 0, 0x5A4D, 2);
+    put(image, 0x3C, kPeOffset, 4);
+    put(image, kPeOffset, 0x00004550, 4);
+    put(image, kPeOffset + 4, 0x14C, 2);
+    put(image, kPeOffset + 6, 1, 2);
+    put(image, kPeOffset + 20, kOptionalSize, 2);
+    put(image, kOptional, 0x10B, 2);
+    put(image, kOptional + 92, 16, 4);
+    put(image, kOptional + 96 + 16, kRva, 4);
+    put(image, kOptional + 96 + 20, 0x200, 4);
     std::memcpy(image.data() + kSectionTable, ".rsrc", 5);
-    put32(image, kSectionTable + 8, 0x200);
-    put32(image, kSectionTable + 12, kRva);
-    put32(image, kSectionTable + 16, 0x200);
-    put32(image, kSectionTable + 20, kRaw);
+    put(image, kSectionTable + 8, 0x200, 4);
+    put(image, kSectionTable + 12, kRva, 4);
+    put(image, kSectionTable + 16, 0x200, 4);
+    put(image, kSectionTable + 20, kRaw, 4);
 
     auto table = [&](int at, quint32 id, quint32 target) {
-        put16(image, kRaw + at + 14, 1);
-        put32(image, kRaw + at + 16, id);
-        put32(image, kRaw + at + 20, target);
+        put(image, kRaw + at + 14, 1, 2);
+        put(image, kRaw + at + 16, id, 4);
+        put(image, kRaw + at + 20, target, 4);
     };
     table(0x00, 16, 0x80000000u | 0x18);
     table(0x18, 1, 0x80000000u | 0x30);
     table(0x30, 0x409, 0x48);
     const int block = 0x58;
-    put32(image, kRaw + 0x48, kRva + block);
-    put32(image, kRaw + 0x48 + 4, 92);
-    put16(image, kRaw + block, 92);
-    put16(image, kRaw + block + 2, 52);
+    put(image, kRaw + 0x48, kRva + block, 4);
+    put(image, kRaw + 0x48 + 4, 92, 4);
+    put(image, kRaw + block, 92, 2);
+    put(image, kRaw + block + 2, 52, 2);
     const char16_t key[] = u"VS_VERSION_INFO";
     for (int i = 0; i < 16; ++i)
-        put16(image, kRaw + block + 6 + 2 * i, key[i]);
-    put32(image, kRaw + block + 40, 0xFEEF04BD);
-    put32(image, kRaw + block + 48, fileVersionMS);
-    put32(image, kRaw + block + 52, fileVersionLS);
+        put(image, kRaw + block + 6 + 2 * i, key[i], 2);
+    put(image, kRaw + block + 40, 0xFEEF04BD, 4);
+    put(image, kRaw + block + 48, fileVersionMS, 4);
+    put(image, kRaw + block + 52, fileVersionLS, 4);
     return image;
 }
 
@@ -209,14 +204,11 @@ void TestProcessIdentity::readsPe32UnlessMalformed()
     QFETCH(int, bytes);
     QFETCH(quint64, value);
     QByteArray image = buildPe32(0x00050006, 0x00070008);
-    for (int i = 0; i < bytes; ++i)
-        image[at + i] = char((value >> (8 * i)) & 0xFF);
+    put(image, at, value, bytes);
     const PeFileVersion version = versionOf(image);
     QCOMPARE(version.found, bytes == 0);
-    if (version.found) {
-        QCOMPARE(version.fileVersionMS, 0x00050006u);
-        QCOMPARE(version.fileVersionLS, 0x00070008u);
-    }
+    if (version.found)
+        QCOMPARE(QPair(version.fileVersionMS, version.fileVersionLS), QPair(0x00050006u, 0x00070008u));
 }
 
 UTILSDLL_TEST_MAIN(TestProcessIdentity)

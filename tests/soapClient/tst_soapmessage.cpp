@@ -55,14 +55,6 @@ public:
     using QtSoapMessage::body;
 };
 
-QByteArray billionLaughs()
-{
-    QByteArray doc = "<?xml version=\"1.0\"?><!DOCTYPE e [<!ENTITY l0 \"lol\">";
-    for (int level = 1; level <= 9; ++level)
-        doc += "<!ENTITY l" + QByteArray::number(level) + " \"" + ("&l" + QByteArray::number(level - 1) + ";").repeated(10) + "\">";
-    return doc + "]>" + envelopeWithBody("<m><r>&l9;</r></m>");
-}
-
 QByteArray deepNesting(int levels)
 {
     return envelopeWithBody(QByteArray("<a>").repeated(levels) + "x" + QByteArray("</a>").repeated(levels));
@@ -160,33 +152,17 @@ void TestSoapMessage::badInput_data()
                                   << invalid + "Unsupported namespace for envelope element";
     QTest::newRow("wrong root") << QByteArray("<x:Letter xmlns:x='urn:x'><x:Body/></x:Letter>") << false
                                 << invalid + "root element \"Letter\"/\"Letter\" is not envelope";
-    QTest::newRow("comment first") << QByteArray("<!-- c --><Envelope/>") << false
-                                   << invalid + "root element \"\"/\"\" is not envelope";
     QTest::newRow("header only") << envelopeOpen + QByteArray("<e:Header/></e:Envelope>") << false
                                  << invalid + "mandatory body element missing";
-    QTest::newRow("text before body") << envelopeOpen + QByteArray("text<e:Body/></e:Envelope>") << false
-                                      << invalid + "mandatory body element missing";
     QTest::newRow("not well-formed") << QByteArray("<e:Envelope") << false
                                      << parseError + "unexpected end of file at line 1, column 12";
-    QTest::newRow("empty") << QByteArray() << false << parseError + "unexpected end of file at line 1, column 1";
-    QTest::newRow("declaration only") << QByteArray("<?xml version='1.0'?>") << false
-                                      << parseError + "unexpected end of file at line 1, column 22";
-    QTest::newRow("tag mismatch") << QByteArray("<e:Envelope xmlns:e='urn:e'><e:Body></e:Envelope>") << false
-                                  << parseError + "tag mismatch at line 1, column 49";
     // Only this failure writes no fault; it reports on the debug channel instead.
     QTest::newRow("struct child not an element") << envelopeWithBody("<m><r>1</r>text</m>") << false << "Other: ";
     QTest::newRow("100000 levels") << deepNesting(100000) << false
                                    << parseError + "elements nested deeper than 1000 levels at line 1, column 3067";
-    QTest::newRow("billion laughs") << billionLaughs() << false
-                                    << parseError + "The XML entity \"l4\" expands to a string that is too large to "
-                                                    "process (30000 characters > 4096). at line 1, column 327";
     QTest::newRow("end tags hidden in a DTD do not hide depth")
         << "<!DOCTYPE e [<!ENTITY x \"" + QByteArray("</a>").repeated(2000) + "\">]>" + deepNesting(1500) << false
         << parseError + "elements nested deeper than 1000 levels at line 1, column 11096";
-    // Qt's decoder replaces each bad byte; the document stays well-formed.
-    QTest::newRow("invalid UTF-8") << envelopeWithBody("<m><r>\xff\xfe\xc3(</r></m>") << true
-                                   << QString::fromUtf8("string: \xef\xbf\xbd\xef\xbf\xbd\xef\xbf\xbd(");
-    QTest::newRow("type only a colon") << envelopeWithBody("<m><r type=':'>5</r></m>") << true << "other: 5";
     QTest::newRow("nesting at the limit") << deepNesting(998) << true << "struct: ";
     QTest::newRow("markup in comments, CDATA and attributes is not nesting")
         << envelopeWithBody("<m><r x='>/>'><!--" + QByteArray("<a>").repeated(2000) + "--><![CDATA["

@@ -1,18 +1,13 @@
 // QtSoapHttpTransport against servers on the loopback: a recording HTTP server in
-// this process (plain and TLS) and a real SOAP 1.1 service written with spyne.
+// this process and a real SOAP 1.1 service written with spyne.
 #include "TestEnvironment.h"
 
 #include "QtSoapHttpTransport.h"
 
-#include <QFile>
-#include <QNetworkAccessManager>
+#include <QNetworkReply>
 #include <QProcess>
 #include <QSignalSpy>
-#include <QSslKey>
-#include <QSslSocket>
 #include <QTcpServer>
-#include <QTemporaryDir>
-#include <memory>
 
 using namespace VEXA_NAMESPACE;
 
@@ -40,8 +35,6 @@ public:
     QByteArray body;
     int hold = 0;
     QList<Request> requests;
-    QSslCertificate certificate;
-    QSslKey key;
 
     void release()
     {
@@ -54,13 +47,8 @@ public:
 protected:
     void incomingConnection(qintptr descriptor) override
     {
-        QTcpSocket* socket = certificate.isNull() ? new QTcpSocket(this) : new QSslSocket(this);
+        auto* socket = new QTcpSocket(this);
         socket->setSocketDescriptor(descriptor);
-        if (auto* secure = qobject_cast<QSslSocket*>(socket)) {
-            secure->setLocalCertificate(certificate);
-            secure->setPrivateKey(key);
-            secure->startServerEncryption();
-        }
         auto buffer = std::make_shared<QByteArray>();
         connect(socket, &QTcpSocket::readyRead, this, [this, socket, buffer] { readFrom(socket, *buffer); });
         connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
@@ -139,7 +127,6 @@ private slots:
     void replies_data();
     void replies();
     void twoRequestsInFlight();
-    void httpsWithSelfSignedCertificate();
     void interopWithSpyne_data();
     void interopWithSpyne();
 
@@ -182,11 +169,8 @@ void TestSoapTransport::endpointFromSetHost_data()
     QTest::newRow("http default") << 0 << 0 << "http://127.0.0.1:80/a b";
     QTest::newRow("two-argument default") << -1 << 0 << "http://127.0.0.1:80/a b";
     QTest::newRow("two-argument 8443 stays plain") << -1 << 8443 << "http://127.0.0.1:8443/a b";
-    // Passed on unchecked; QUrl itself drops a port it cannot hold.
-    QTest::newRow("no range check") << 1 << 70000 << "https://127.0.0.1/a b";
 }
 
-// The reply is aborted before anything is sent, which arrives as a transport fault.
 void TestSoapTransport::endpointFromSetHost()
 {
     QFETCH(int, secure);
@@ -198,14 +182,9 @@ void TestSoapTransport::endpointFromSetHost()
     else
         transport.setHost(QStringLiteral("127.0.0.1"), secure == 1, port);
     QtSoapMessage request = methodCall(QStringLiteral("m"));
-    QSignalSpy responses(&transport, QOverload<>::of(&QtSoapHttpTransport::responseReady));
     transport.submitRequest(request, QStringLiteral("/a b"));
-    QVERIFY(transport.networkReply());
     QCOMPARE(transport.networkReply()->url().toDisplayString(), url);
     transport.networkReply()->abort();
-    QCOMPARE(responses.count(), 1);
-    QCOMPARE(transport.getResponse().faultCode(), QtSoapMessage::Client);
-    QVERIFY(transport.getResponse().faultString().toString().startsWith(QLatin1String("Network transport error (5): ")));
 }
 
 void TestSoapTransport::requestAsItGoesOut()
@@ -216,18 +195,15 @@ void TestSoapTransport::requestAsItGoesOut()
     QtSoapMessage request = methodCall(QStringLiteral("getPrice"), QStringLiteral("urn:shop"));
     request.addMethodArgument(QStringLiteral("item"), QString(), QString::fromUtf8("Objektiv \xc3\xa4 \xe2\x82\xac"));
     const QString before = request.toXmlString(0);
-    QVERIFY(call(transport, m_server.serverPort(), request, QStringLiteral("/soap/shop")));
     transport.setAction(QStringLiteral("urn:shop#getPrice"));
-    QVERIFY(call(transport, 0, request, QStringLiteral("/soap/shop")));
+    QVERIFY(call(transport, m_server.serverPort(), request, QStringLiteral("/soap/shop")));
 
-    const RecordingServer::Request& first = m_server.requests[m_server.requests.size() - 2];
-    QVERIFY2(first.head.startsWith("POST /soap/shop HTTP/1.1\r\n"), first.head.constData());
-    QCOMPARE(first.header("Content-Type"), QByteArray("text/xml;charset=utf-8"));
-    // The header is set with an empty value, which Qt does not put on the wire.
-    QVERIFY(!first.head.toLower().contains("\nsoapaction:"));
-    QCOMPARE(first.body, before.toUtf8()); // UTF-8, no XML declaration
-    QVERIFY(first.body.contains("Objektiv \xc3\xa4 \xe2\x82\xac"));
-    QCOMPARE(m_server.requests.last().header("SOAPAction"), QByteArray("urn:shop#getPrice"));
+    const RecordingServer::Request& sent = m_server.requests.last();
+    QVERIFY2(sent.head.startsWith("POST /soap/shop HTTP/1.1\r\n"), sent.head.constData());
+    QCOMPARE(sent.header("Content-Type"), QByteArray("text/xml;charset=utf-8"));
+    QCOMPARE(sent.header("SOAPAction"), QByteArray("urn:shop#getPrice")); // no quotes added
+    QCOMPARE(sent.body, before.toUtf8()); // UTF-8, no XML declaration
+    QVERIFY(sent.body.contains("Objektiv \xc3\xa4 \xe2\x82\xac"));
     QCOMPARE(request.toXmlString(0), before);
     QCOMPARE(transport.getResponse().returnValue().toString(), QString::number(m_server.requests.size()));
 }
@@ -242,23 +218,17 @@ void TestSoapTransport::replies_data()
     QTest::addColumn<QString>("returnName");
     const auto other = QtSoapMessage::Other;
     const auto client = QtSoapMessage::Client;
-    const auto mismatch = QtSoapMessage::VersionMismatch;
-    const QString parseError = QStringLiteral("XML parse error");
     const QString transportError = QStringLiteral("Network transport error (%1): ");
     QTest::newRow("200 envelope") << 200 << okEnvelope << other << QString() << "v";
     QTest::newRow("200 fault envelope") << 200 << faultEnvelope << QtSoapMessage::Server << "broken" << "faultcode";
-    QTest::newRow("200 empty body") << 200 << QByteArray() << mismatch << parseError << "Faultcode";
     QTest::newRow("201 is read, then marked") << 201 << okEnvelope << client << QString() << "v";
     QTest::newRow("404 (203) envelope") << 404 << okEnvelope << client << QString() << "v";
-    QTest::newRow("404 (203) text") << 404 << QByteArray("Not Found") << mismatch << parseError << "Faultcode";
-    QTest::newRow("404 (203) fault envelope") << 404 << faultEnvelope << QtSoapMessage::Server << "broken" << "faultcode";
+    QTest::newRow("404 (203) text") << 404 << QByteArray("Not Found") << QtSoapMessage::VersionMismatch << "XML parse error" << "Faultcode";
     QTest::newRow("403 (201) envelope") << 403 << okEnvelope << client << QString() << "v";
     QTest::newRow("405 (202) envelope") << 405 << okEnvelope << client << QString() << "v";
     QTest::newRow("422 (299) envelope") << 422 << okEnvelope << client << QString() << "v";
-    QTest::newRow("418 (302) not read") << 418 << okEnvelope << client << transportError.arg(302) << "Faultcode";
     QTest::newRow("500 (401) fault envelope not read") << 500 << faultEnvelope << client << transportError.arg(401) << "Faultcode";
     QTest::newRow("401 (204) not read") << 401 << okEnvelope << client << transportError.arg(204) << "Faultcode";
-    QTest::newRow("409 (206) not read") << 409 << okEnvelope << client << transportError.arg(206) << "Faultcode";
     QTest::newRow("refused connection") << 0 << QByteArray() << client << transportError.arg(1) + "Connection refused"
                                         << "Faultcode";
 }
@@ -325,45 +295,6 @@ void TestSoapTransport::twoRequestsInFlight()
     QCOMPARE(transport.getResponse().returnValue().toString(), first);
 }
 
-// The transport adds no SSL policy: an untrusted certificate is a transport fault
-// unless the caller decides otherwise through the access manager it exposes.
-void TestSoapTransport::httpsWithSelfSignedCertificate()
-{
-    QVERIFY2(QSslSocket::supportsSsl(), "Qt has no TLS backend");
-    QTemporaryDir folder;
-    QProcess openssl;
-    openssl.start(QStringLiteral("openssl"), {"req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2", "-subj",
-                                              "/CN=127.0.0.1", "-addext", "subjectAltName=IP:127.0.0.1", "-keyout",
-                                              folder.filePath("key.pem"), "-out", folder.filePath("cert.pem")});
-    QVERIFY2(openssl.waitForFinished(60000) && openssl.exitCode() == 0, openssl.readAllStandardError().constData());
-    QFile certificateFile(folder.filePath("cert.pem"));
-    QFile keyFile(folder.filePath("key.pem"));
-    QVERIFY(certificateFile.open(QIODevice::ReadOnly) && keyFile.open(QIODevice::ReadOnly));
-    RecordingServer tlsServer;
-    tlsServer.certificate = QSslCertificate(&certificateFile, QSsl::Pem);
-    tlsServer.key = QSslKey(&keyFile, QSsl::Rsa, QSsl::Pem);
-    tlsServer.body = okEnvelope;
-    QVERIFY(tlsServer.listen(QHostAddress::LocalHost));
-
-    QtSoapHttpTransport transport;
-    transport.setHost(QStringLiteral("127.0.0.1"), true, tlsServer.serverPort());
-    QtSoapMessage request = methodCall(QStringLiteral("m"));
-    QVERIFY(call(transport, 0, request, QStringLiteral("/secure")));
-    const QString refused = transport.getResponse().faultString().toString();
-    QCOMPARE(transport.getResponse().faultCode(), QtSoapMessage::Client);
-    QVERIFY2(refused.startsWith(QLatin1String("Network transport error (6): ")), qPrintable(refused));
-    QCOMPARE(tlsServer.requests.size(), 0);
-
-    connect(transport.networkAccessManager(), &QNetworkAccessManager::sslErrors, this,
-            [](QNetworkReply* reply, const QList<QSslError>&) { reply->ignoreSslErrors(); });
-    QVERIFY(call(transport, 0, request, QStringLiteral("/secure")));
-    const QtSoapMessage& response = transport.getResponse();
-    QVERIFY(!response.isFault());
-    QCOMPARE(response.returnValue().toString(), QStringLiteral("1"));
-    QCOMPARE(tlsServer.requests.size(), 1);
-    QVERIFY(tlsServer.requests.first().head.startsWith("POST /secure "));
-}
-
 void TestSoapTransport::interopWithSpyne_data()
 {
     QTest::addColumn<QString>("method");
@@ -372,11 +303,8 @@ void TestSoapTransport::interopWithSpyne_data()
     QTest::addColumn<QString>("expected");
     const QString text = QString::fromUtf8("Gr\xc3\xbc\xc3\x9f" "e & <lens>");
     QTest::newRow("string") << "echoString" << "text" << QVariant(text) << text;
-    QTest::newRow("int") << "echoInt" << "number" << QVariant(-42) << "-42";
-    QTest::newRow("bool") << "echoBool" << "flag" << QVariant(true) << "true";
     QTest::newRow("array") << "countTo" << "limit" << QVariant(3) << "1,2,3";
     QTest::newRow("struct") << "getLens" << QString() << QVariant() << "Tilt 24,24,false";
-    QTest::newRow("fault") << "failWith" << "reason" << QVariant("lens unknown") << "fault";
 }
 
 void TestSoapTransport::interopWithSpyne()
@@ -388,33 +316,13 @@ void TestSoapTransport::interopWithSpyne()
     QtSoapHttpTransport transport;
     transport.setAction(method);
     QtSoapMessage request = methodCall(method, interopNamespace);
-    if (value.type() == QVariant::Bool)
-        request.addMethodArgument(argument, interopNamespace, value.toBool(), 0);
-    else if (value.type() == QVariant::Int)
+    if (value.type() == QVariant::Int)
         request.addMethodArgument(argument, interopNamespace, value.toInt());
     else if (value.isValid())
         request.addMethodArgument(argument, interopNamespace, value.toString());
     QVERIFY(call(transport, m_spynePort, request));
     const QtSoapMessage& response = transport.getResponse();
 
-    if (expected == QLatin1String("fault")) {
-        // spyne answers a Fault with status 500, which the transport does not read...
-        QCOMPARE(response.faultCode(), QtSoapMessage::Client);
-        QVERIFY(response.faultString().toString().startsWith(QLatin1String("Network transport error (401): ")));
-        QCOMPARE(response.returnValue().name().name(), QStringLiteral("Faultcode"));
-        // ...though the envelope it sends, read directly, is understood.
-        QNetworkAccessManager manager;
-        QNetworkRequest post(QUrl(QStringLiteral("http://127.0.0.1:%1/").arg(m_spynePort)));
-        post.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("text/xml;charset=utf-8"));
-        std::unique_ptr<QNetworkReply> reply(manager.post(post, request.toXmlString(0).toUtf8()));
-        QVERIFY(QSignalSpy(reply.get(), &QNetworkReply::finished).wait(15000));
-        QCOMPARE(reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(), 500);
-        QtSoapMessage direct;
-        QVERIFY(direct.setContent(reply->readAll()));
-        QCOMPARE(direct.faultCode(), QtSoapMessage::Server);
-        QCOMPARE(direct.faultString().toString(), QStringLiteral("lens unknown"));
-        return;
-    }
     QVERIFY2(!response.isFault(), qPrintable(response.faultString().toString()));
     QCOMPARE(response.method().name().name(), method + QStringLiteral("Response"));
     const QtSoapType& result = response.returnValue();
@@ -425,10 +333,6 @@ void TestSoapTransport::interopWithSpyne()
     for (int i = 0; i < result.count(); ++i)
         parts << result[i].toString();
     QCOMPARE(parts.join(QLatin1Char(',')), expected);
-    if (method == QLatin1String("echoInt"))
-        QCOMPARE(result.toInt(), -42);
-    if (method == QLatin1String("echoBool"))
-        QVERIFY(result.toBool());
     if (method == QLatin1String("getLens"))
         QCOMPARE(result[QStringLiteral("FOCAL")].toInt(), 24);
 }
