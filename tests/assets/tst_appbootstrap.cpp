@@ -43,152 +43,142 @@ class TestAppBootstrap : public QObject
 {
     Q_OBJECT
 private slots:
-    void styleSheets();
-    void fileSizeToString_data();
-    void fileSizeToString();
-    void sizeToString_data();
-    void sizeToString();
-    void qtPluginsDirIsDecidedOnce();
-    void closeButtonToggles();
-    void flickHoverEvent();
+    void styleSheets()
+    {
+        ScopedTestLogger logger;
+        // Nothing to apply: an ASSERT line each, and the sheet stays.
+        qApp->setStyleSheet("QWidget { color: #ababab; }");
+        QVERIFY(Vexa::setAppStyleSheet({}, qApp).isEmpty());
+        QVERIFY(Vexa::setAppStyleSheet({":/qss/custom.qss"}, nullptr).isEmpty());
+        QCOMPARE(logger->linesAt('E').size(), 2);
+        QVERIFY(logger->linesAt('E').first().contains("ASSERT in"));
+        QCOMPARE(qApp->styleSheet(), QStringLiteral("QWidget { color: #ababab; }"));
+        logger->clear();
+
+        // Unreadable and empty names are skipped silently; the rest is joined with nothing between.
+        QTemporaryDir dir;
+        const QString first = writeFile(dir, "first.qss", "QLabel { color: #ffffff; }");
+        const QString second = writeFile(dir, "second.qss", "QWidget { background: #1b1b1b; }");
+        const QString missing = dir.filePath("missing.qss");
+        QCOMPARE(Vexa::setAppStyleSheet({first, missing, QString(), second}, qApp), QStringList({first, second}));
+        QCOMPARE(qApp->styleSheet(), QStringLiteral("QLabel { color: #ffffff; }QWidget { background: #1b1b1b; }"));
+        // Nothing readable: the sheet is still applied, and so becomes empty.
+        QVERIFY(Vexa::setAppStyleSheet({missing}, qApp).isEmpty());
+        QCOMPARE(qApp->styleSheet(), QString());
+        QVERIFY(logger->lines().isEmpty());
+
+        // The predefined set: later sheets override earlier ones, so the order is binding.
+        const QString rest = resourceText(":/qss/slider.qss") + resourceText(":/qss/settings.qss")
+            + resourceText(":/qss/message_box.qss") + resourceText(":/qss/win.qss");
+        Vexa::setPredefinedAppStyleSheet(QString(), qApp);
+        QCOMPARE(qApp->styleSheet(), resourceText(":/qss/custom.qss") + rest);
+        Vexa::setPredefinedAppStyleSheet(first, qApp);
+        QCOMPARE(qApp->styleSheet(), QStringLiteral("QLabel { color: #ffffff; }") + rest);
+        qApp->setStyleSheet(QString());
+    }
+
+    void fileSizeToString_data()
+    {
+        QTest::addColumn<qint64>("bytes");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("exactly 1024 is still bytes") << qint64(1024) << "1024B";
+        QTest::newRow("one more is kilobytes") << qint64(1025) << "1.0KB";
+        QTest::newRow("exactly 1048576 is still kilobytes") << qint64(1048576) << "1024.0KB";
+        QTest::newRow("one more is megabytes") << qint64(1048577) << "1.0MB";
+        QTest::newRow("a negative count in the g form") << qint64(-1234567) << "-1.23457e+06B";
+    }
+
+    void fileSizeToString()
+    {
+        QFETCH(qint64, bytes);
+        QFETCH(QString, text);
+        QCOMPARE(Vexa::fileSizeToString(bytes), text);
+    }
+
+    void sizeToString_data()
+    {
+        QTest::addColumn<int>("unit");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("asserts");
+        // At the offscreen screen's 100 physical dots per inch.
+        QTest::newRow("pixels") << 0 << "640 x 480 px" << 0;
+        QTest::newRow("inches") << 1 << "6.40 x 4.80 in" << 0;
+        QTest::newRow("centimetres, one decimal") << 2 << "16.3 x 12.2 cm" << 0;
+        QTest::newRow("millimetres, whole") << 3 << "163 x 122 mm" << 0;
+        QTest::newRow("unknown unit") << 4 << "640 x 480 " << 2;
+    }
+
+    void sizeToString()
+    {
+        QFETCH(int, unit);
+        QFETCH(QString, text);
+        QFETCH(int, asserts);
+        if (qRound(QGuiApplication::primaryScreen()->physicalDotsPerInchX()) != 100)
+            QSKIP("the expected texts are for a screen of 100 physical dots per inch");
+        Vexa::CSettings().setValue("imageSizeUnits", unit);
+        ScopedTestLogger logger;
+        QCOMPARE(Vexa::sizeToString(QSize(640, 480)), text);
+        QCOMPARE(logger->linesAt('E').size(), asserts);
+    }
+
+    void qtPluginsDirIsDecidedOnce()
+    {
+        const QString standalone = Vexa::getQtPluginsDir(false);
+        QCOMPARE(standalone, QCoreApplication::applicationDirPath());
+        QCOMPARE(Vexa::getQtPluginsDir(true), standalone);
+    }
+
+    void closeButtonToggles()
+    {
+        QWidget widget;
+        widget.show();
+        const quintptr handle = widget.winId();
+        QWindow* window = widget.windowHandle();
+
+        const auto closeHints = [window] {
+            return window->flags() & (Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+        };
+        Vexa::enableWindowCloseButton(handle, false);
+        QCOMPARE(closeHints(), Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+        Vexa::enableWindowCloseButton(handle, true);
+        QVERIFY(closeHints() & Qt::WindowCloseButtonHint);
+        // Another handle leaves the window alone.
+        Vexa::enableWindowCloseButton(handle + 1000, false);
+        QVERIFY(closeHints() & Qt::WindowCloseButtonHint);
+    }
+
+    void flickHoverEvent()
+    {
+        EventRecorder widget;
+        widget.setGeometry(100, 100, 200, 100);
+        widget.show();
+        QApplication::setActiveWindow(&widget);
+        QVERIFY(QTest::qWaitForWindowActive(&widget));
+
+        // Outside: one Leave, and the cursor stays where it was.
+        QCursor::setPos(10, 10);
+        const QPoint outside = QCursor::pos();
+        widget.events.clear();
+        Vexa::flickHoverEvent(&widget);
+        QCOMPARE(widget.events, QList<QEvent::Type>{QEvent::Leave});
+        QCOMPARE(QCursor::pos(), outside);
+
+        // Inside a widget that is no menu: Leave then Enter, no mouse event, cursor put back.
+        const QPoint inside = widget.mapToGlobal(QPoint(50, 50));
+        QCursor::setPos(inside);
+        widget.events.clear();
+        Vexa::flickHoverEvent(&widget);
+        QCOMPARE(widget.events, QList<QEvent::Type>({QEvent::Leave, QEvent::Enter}));
+        QCOMPARE(QCursor::pos(), inside);
+
+        // Qt delivers a move without buttons only to a widget that tracks the mouse.
+        widget.setMouseTracking(true);
+        widget.events.clear();
+        Vexa::synthesizeMouseEvent(&widget, inside);
+        Vexa::synthesizeMouseEvent(nullptr, inside);
+        QCOMPARE(widget.events, QList<QEvent::Type>{QEvent::MouseMove});
+    }
 };
-
-void TestAppBootstrap::styleSheets()
-{
-    ScopedTestLogger logger;
-    // Nothing to apply: an ASSERT line each, and the sheet stays.
-    qApp->setStyleSheet("QWidget { color: #ababab; }");
-    QVERIFY(Vexa::setAppStyleSheet({}, qApp).isEmpty());
-    QVERIFY(Vexa::setAppStyleSheet({":/qss/custom.qss"}, nullptr).isEmpty());
-    QCOMPARE(logger->linesAt('E').size(), 2);
-    QVERIFY(logger->linesAt('E').first().contains("ASSERT in"));
-    QCOMPARE(qApp->styleSheet(), QStringLiteral("QWidget { color: #ababab; }"));
-    logger->clear();
-
-    // Unreadable and empty names are skipped silently; the rest is joined with nothing between.
-    QTemporaryDir dir;
-    const QString first = writeFile(dir, "first.qss", "QLabel { color: #ffffff; }");
-    const QString second = writeFile(dir, "second.qss", "QWidget { background: #1b1b1b; }");
-    const QString missing = dir.filePath("missing.qss");
-    QCOMPARE(Vexa::setAppStyleSheet({first, missing, QString(), second}, qApp), QStringList({first, second}));
-    QCOMPARE(qApp->styleSheet(), QStringLiteral("QLabel { color: #ffffff; }QWidget { background: #1b1b1b; }"));
-    // Nothing readable: the sheet is still applied, and so becomes empty.
-    QVERIFY(Vexa::setAppStyleSheet({missing}, qApp).isEmpty());
-    QCOMPARE(qApp->styleSheet(), QString());
-    QVERIFY(logger->lines().isEmpty());
-
-    // The predefined set: later sheets override earlier ones, so the order is binding.
-    const QString rest = resourceText(":/qss/slider.qss") + resourceText(":/qss/settings.qss")
-        + resourceText(":/qss/message_box.qss") + resourceText(":/qss/win.qss");
-    Vexa::setPredefinedAppStyleSheet(QString(), qApp);
-    QCOMPARE(qApp->styleSheet(), resourceText(":/qss/custom.qss") + rest);
-    Vexa::setPredefinedAppStyleSheet(first, qApp);
-    QCOMPARE(qApp->styleSheet(), QStringLiteral("QLabel { color: #ffffff; }") + rest);
-    qApp->setStyleSheet(QString());
-}
-
-void TestAppBootstrap::fileSizeToString_data()
-{
-    QTest::addColumn<qint64>("bytes");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("exactly 1024 is still bytes") << qint64(1024) << "1024B";
-    QTest::newRow("one more is kilobytes") << qint64(1025) << "1.0KB";
-    QTest::newRow("a million") << qint64(1000000) << "976.6KB";
-    QTest::newRow("exactly 1048576 is still kilobytes") << qint64(1048576) << "1024.0KB";
-    QTest::newRow("one more is megabytes") << qint64(1048577) << "1.0MB";
-    QTest::newRow("a negative count in the g form") << qint64(-1234567) << "-1.23457e+06B";
-}
-
-void TestAppBootstrap::fileSizeToString()
-{
-    QFETCH(qint64, bytes);
-    QFETCH(QString, text);
-    QCOMPARE(Vexa::fileSizeToString(bytes), text);
-}
-
-void TestAppBootstrap::sizeToString_data()
-{
-    QTest::addColumn<int>("unit");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("asserts");
-    // At the offscreen screen's 100 physical dots per inch.
-    QTest::newRow("pixels") << 0 << "640 x 480 px" << 0;
-    QTest::newRow("inches") << 1 << "6.40 x 4.80 in" << 0;
-    QTest::newRow("centimetres, one decimal") << 2 << "16.3 x 12.2 cm" << 0;
-    QTest::newRow("millimetres, whole") << 3 << "163 x 122 mm" << 0;
-    QTest::newRow("unknown unit") << 4 << "640 x 480 " << 2;
-}
-
-void TestAppBootstrap::sizeToString()
-{
-    QFETCH(int, unit);
-    QFETCH(QString, text);
-    QFETCH(int, asserts);
-    if (qRound(QGuiApplication::primaryScreen()->physicalDotsPerInchX()) != 100)
-        QSKIP("the expected texts are for a screen of 100 physical dots per inch");
-    Vexa::CSettings().setValue("imageSizeUnits", unit);
-    ScopedTestLogger logger;
-    QCOMPARE(Vexa::sizeToString(QSize(640, 480)), text);
-    QCOMPARE(logger->linesAt('E').size(), asserts);
-}
-
-void TestAppBootstrap::qtPluginsDirIsDecidedOnce()
-{
-    const QString standalone = Vexa::getQtPluginsDir(false);
-    QCOMPARE(standalone, QCoreApplication::applicationDirPath());
-    QCOMPARE(Vexa::getQtPluginsDir(true), standalone);
-}
-
-void TestAppBootstrap::closeButtonToggles()
-{
-    QWidget widget;
-    widget.show();
-    const quintptr handle = widget.winId();
-    QWindow* window = widget.windowHandle();
-
-    const auto closeHints = [window] {
-        return window->flags() & (Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
-    };
-    Vexa::enableWindowCloseButton(handle, false);
-    QCOMPARE(closeHints(), Qt::CustomizeWindowHint | Qt::WindowTitleHint);
-    Vexa::enableWindowCloseButton(handle, true);
-    QVERIFY(closeHints() & Qt::WindowCloseButtonHint);
-    // Another handle leaves the window alone.
-    Vexa::enableWindowCloseButton(handle + 1000, false);
-    QVERIFY(closeHints() & Qt::WindowCloseButtonHint);
-}
-
-void TestAppBootstrap::flickHoverEvent()
-{
-    EventRecorder widget;
-    widget.setGeometry(100, 100, 200, 100);
-    widget.show();
-    QApplication::setActiveWindow(&widget);
-    QVERIFY(QTest::qWaitForWindowActive(&widget));
-
-    // Outside: one Leave, and the cursor stays where it was.
-    QCursor::setPos(10, 10);
-    const QPoint outside = QCursor::pos();
-    widget.events.clear();
-    Vexa::flickHoverEvent(&widget);
-    QCOMPARE(widget.events, QList<QEvent::Type>{QEvent::Leave});
-    QCOMPARE(QCursor::pos(), outside);
-
-    // Inside a widget that is no menu: Leave then Enter, no mouse event, cursor put back.
-    const QPoint inside = widget.mapToGlobal(QPoint(50, 50));
-    QCursor::setPos(inside);
-    widget.events.clear();
-    Vexa::flickHoverEvent(&widget);
-    QCOMPARE(widget.events, QList<QEvent::Type>({QEvent::Leave, QEvent::Enter}));
-    QCOMPARE(QCursor::pos(), inside);
-
-    // Qt delivers a move without buttons only to a widget that tracks the mouse.
-    widget.setMouseTracking(true);
-    widget.events.clear();
-    Vexa::synthesizeMouseEvent(&widget, inside);
-    Vexa::synthesizeMouseEvent(nullptr, inside);
-    QCOMPARE(widget.events, QList<QEvent::Type>{QEvent::MouseMove});
-}
 
 UTILSDLL_TEST_MAIN_WITH(TestAppBootstrap, QApplication)
 #include "tst_appbootstrap.moc"

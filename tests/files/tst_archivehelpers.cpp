@@ -92,184 +92,163 @@ bool plainDecompress(const QString& archive, const QString& directory)
 class TestArchiveHelpers : public QObject
 {
     Q_OBJECT
-
 private slots:
-    void init();
-    void compressAndDecompressRoundTrip();
-    void plainDecompressReportsEachEntry();
-    void hostileEntriesStayInside_data();
-    void hostileEntriesStayInside();
-    void existingLinkInTargetIsNotFollowed();
-    void corruptEntryLeavesNoFile_data();
-    void corruptEntryLeavesNoFile();
+    void init()
+    {
+        // base/target is unpacked into; anything escaping would show up in base.
+        m_base.reset(new QTemporaryDir);
+        QVERIFY(m_base->isValid());
+        m_target = m_base->filePath("target");
+        QVERIFY(QDir().mkpath(m_target));
+        m_archive = QDir::temp().filePath(QStringLiteral("archive-%1.zip").arg(QTest::currentTestFunction()));
+        QFile::remove(m_archive);
+    }
+
+    void compressAndDecompressRoundTrip()
+    {
+        QTemporaryDir sources;
+        const QByteArray text = QByteArray("line of text\n").repeated(5000);
+        const QByteArray binary = patternedData(70000, 7);
+        QVERIFY(writeFile(sources.filePath("notes.txt"), text));
+        QVERIFY(writeFile(sources.filePath("image.raw"), binary));
+
+        QVERIFY(CompressFiles(QStringList() << sources.filePath("notes.txt") << sources.filePath("image.raw"), m_archive));
+
+        VEXA_NAMESPACE::DecompressFiles(m_archive, m_target);
+        QCOMPARE(treeBelow(m_target), QStringList() << "image.raw" << "notes.txt");
+        QCOMPARE(readFile(m_target + "/notes.txt"), text);
+        QCOMPARE(readFile(m_target + "/image.raw"), binary);
+
+        QVERIFY(!CompressFiles(QStringList() << sources.filePath("missing.txt"), m_base->filePath("other.zip")));
+
+        // The namespace function makes the target even when there is nothing to unpack.
+        const QString target = m_base->filePath("new/deeper");
+        VEXA_NAMESPACE::DecompressFiles(m_base->filePath("missing.zip"), target);
+        QVERIFY(QFileInfo(target).isDir());
+    }
+
+    void plainDecompressReportsEachEntry()
+    {
+        QVERIFY(makeArchive(m_archive, {{"first.txt", "1"}, {"sub/", ""}, {"blocked.txt", "2"}, {"sub/last.txt", "3"}}));
+        // A folder where the file should go makes that one entry fail.
+        QVERIFY(QDir(m_target).mkdir("blocked.txt"));
+
+        QVERIFY(!plainDecompress(m_archive, m_target));
+        QCOMPARE(readFile(m_target + "/first.txt"), QByteArray("1"));
+        QCOMPARE(readFile(m_target + "/sub/last.txt"), QByteArray("3"));
+        QVERIFY2(QFileInfo(m_target + "/sub").isDir(), "a folder entry creates its folder and still fails");
+        QCOMPARE(QFile::permissions(m_target + "/first.txt") & (QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup
+                                                               | QFile::WriteGroup | QFile::ReadOther),
+                 QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
+
+        const QString clean = m_base->filePath("clean");
+        QVERIFY(makeArchive(m_archive, {{"a.txt", "a"}, {"b/c.txt", "c"}}));
+        QVERIFY(plainDecompress(m_archive, clean));
+        QCOMPARE(treeBelow(clean), QStringList() << "a.txt" << "b" << "b/c.txt");
+
+        // Archives that cannot be read at all.
+        QVERIFY(QDir(m_target).removeRecursively() && QDir().mkpath(m_target));
+        QVERIFY(!plainDecompress(m_base->filePath("missing.zip"), m_target));
+
+        QVERIFY(makeArchive(m_archive, {}));
+        QVERIFY(!plainDecompress(m_archive, m_target));
+
+        // Cut in half, the archive loses its directory and cannot be opened at all.
+        QVERIFY(makeArchive(m_archive, {{"a.bin", patternedData(20000, 1)}, {"b.bin", patternedData(20000, 2)}}));
+        QVERIFY(QFile::resize(m_archive, QFileInfo(m_archive).size() / 2));
+        QVERIFY(!plainDecompress(m_archive, m_target));
+        QCOMPARE(treeBelow(m_target), QStringList());
+    }
+
+    void hostileEntriesStayInside_data()
+    {
+        QTest::addColumn<QString>("hostileName");
+        QTest::addColumn<bool>("symlink");
+
+        QTest::newRow("parent after folder") << "sub/../../escaped.txt" << false;
+        QTest::newRow("backslash deep parent") << "sub\\..\\..\\escaped.txt" << false;
+        QTest::newRow("absolute") << "@BASE@/escaped.txt" << false;
+        QTest::newRow("backslash absolute") << "\\escaped.txt" << false;
+        QTest::newRow("drive letter, relative") << "c:escaped.txt" << false;
+        QTest::newRow("symbolic link") << "link" << true;
+    }
+
+    void hostileEntriesStayInside()
+    {
+        QFETCH(QString, hostileName);
+        QFETCH(bool, symlink);
+        hostileName.replace("@BASE@", m_base->path());
+        // A link entry's data is its target.
+        const QByteArray hostileData = symlink ? QFile::encodeName(m_base->path()) : QByteArray("escaped");
+        Entry hostile{hostileName, hostileData, symlink};
+        QVERIFY(makeArchive(m_archive, {{"before.txt", "b"}, hostile, {"after.txt", "a"}}));
+
+        QVERIFY(!plainDecompress(m_archive, m_target));
+        QCOMPARE(treeBelow(m_base->path()), QStringList() << "target" << "target/after.txt" << "target/before.txt");
+
+        // The namespace function unpacks nothing of an archive with such an entry.
+        const QString second = m_base->filePath("second");
+        VEXA_NAMESPACE::DecompressFiles(m_archive, second);
+        QCOMPARE(treeBelow(m_base->path()),
+                 QStringList() << "second" << "target" << "target/after.txt" << "target/before.txt");
+    }
+
+    void existingLinkInTargetIsNotFollowed()
+    {
+        QTemporaryDir outside;
+        QVERIFY(QFile::link(outside.path(), m_target + "/linked"));
+        QVERIFY(writeFile(outside.filePath("kept.txt"), "original"));
+        QVERIFY(QFile::link(outside.filePath("kept.txt"), m_target + "/file-link.txt"));
+        QVERIFY(makeArchive(m_archive, {{"linked/planted.txt", "x"}, {"file-link.txt", "overwritten"}, {"ok.txt", "ok"}}));
+
+        QVERIFY(!plainDecompress(m_archive, m_target));
+        QCOMPARE(treeBelow(outside.path()), QStringList() << "kept.txt");
+        QCOMPARE(readFile(outside.filePath("kept.txt")), QByteArray("original"));
+        QCOMPARE(readFile(m_target + "/ok.txt"), QByteArray("ok"));
+
+        const QString second = m_base->filePath("second");
+        QVERIFY(QDir().mkpath(second));
+        QVERIFY(QFile::link(outside.path(), second + "/linked"));
+        VEXA_NAMESPACE::DecompressFiles(m_archive, second);
+        QCOMPARE(treeBelow(outside.path()), QStringList() << "kept.txt");
+    }
+
+    void corruptEntryLeavesNoFile_data()
+    {
+        QTest::addColumn<bool>("stored");
+        QTest::newRow("stored, checksum mismatch") << true;
+        QTest::newRow("deflated, broken stream") << false;
+    }
+
+    void corruptEntryLeavesNoFile()
+    {
+        QFETCH(bool, stored);
+        // The bytes to damage are found in what the archive holds: the stored data itself,
+        // or a stretch of the deflated stream after the entry's local header.
+        const QByteArray payload = patternedData(200000, 3, !stored);
+        QVERIFY(makeArchive(m_archive, {{"first.txt", "1"}, {"broken.bin", payload, false, stored}, {"last.txt", "3"}}));
+        QByteArray bytes = readFile(m_archive);
+        const int at = stored ? bytes.indexOf(payload.mid(1000, 64)) : bytes.indexOf("broken.bin") + 2010;
+        QVERIFY(at > 0);
+        for (int i = 32; i < 48; ++i)
+            bytes[at + i] = char(bytes[at + i] ^ 0x5A);
+        QVERIFY(writeFile(m_archive, bytes));
+
+        QVERIFY(!plainDecompress(m_archive, m_target));
+        QVERIFY(!QFile::exists(m_target + "/broken.bin"));
+        QCOMPARE(readFile(m_target + "/first.txt"), QByteArray("1"));
+        QCOMPARE(readFile(m_target + "/last.txt"), QByteArray("3"));
+
+        const QString second = m_base->filePath("second");
+        VEXA_NAMESPACE::DecompressFiles(m_archive, second);
+        QVERIFY(!QFile::exists(second + "/broken.bin"));
+    }
 
 private:
     QScopedPointer<QTemporaryDir> m_base;
     QString m_target;
     QString m_archive;
 };
-
-void TestArchiveHelpers::init()
-{
-    // base/target is unpacked into; anything escaping would show up in base.
-    m_base.reset(new QTemporaryDir);
-    QVERIFY(m_base->isValid());
-    m_target = m_base->filePath("target");
-    QVERIFY(QDir().mkpath(m_target));
-    m_archive = QDir::temp().filePath(QStringLiteral("archive-%1.zip").arg(QTest::currentTestFunction()));
-    QFile::remove(m_archive);
-}
-
-void TestArchiveHelpers::compressAndDecompressRoundTrip()
-{
-    QTemporaryDir sources;
-    const QByteArray text = QByteArray("line of text\n").repeated(5000);
-    const QByteArray binary = patternedData(70000, 7);
-    QVERIFY(writeFile(sources.filePath("notes.txt"), text));
-    QVERIFY(writeFile(sources.filePath("image.raw"), binary));
-
-    QVERIFY(CompressFiles(QStringList() << sources.filePath("notes.txt") << sources.filePath("image.raw"), m_archive));
-    QVERIFY(QFileInfo(m_archive).size() < text.size() + binary.size());
-
-    VEXA_NAMESPACE::DecompressFiles(m_archive, m_target);
-    QCOMPARE(treeBelow(m_target), QStringList() << "image.raw" << "notes.txt");
-    QCOMPARE(readFile(m_target + "/notes.txt"), text);
-    QCOMPARE(readFile(m_target + "/image.raw"), binary);
-
-    const QString second = m_base->filePath("second");
-    QVERIFY(plainDecompress(m_archive, second));
-    QCOMPARE(readFile(second + "/image.raw"), binary);
-
-    QVERIFY(!CompressFiles(QStringList() << sources.filePath("missing.txt"), m_base->filePath("other.zip")));
-
-    // The namespace function makes the target even when there is nothing to unpack.
-    const QString target = m_base->filePath("new/deeper");
-    VEXA_NAMESPACE::DecompressFiles(m_base->filePath("missing.zip"), target);
-    QVERIFY(QFileInfo(target).isDir());
-}
-
-void TestArchiveHelpers::plainDecompressReportsEachEntry()
-{
-    QVERIFY(makeArchive(m_archive, {{"first.txt", "1"}, {"sub/", ""}, {"blocked.txt", "2"}, {"sub/last.txt", "3"}}));
-    // A folder where the file should go makes that one entry fail.
-    QVERIFY(QDir(m_target).mkdir("blocked.txt"));
-
-    QVERIFY(!plainDecompress(m_archive, m_target));
-    QCOMPARE(readFile(m_target + "/first.txt"), QByteArray("1"));
-    QCOMPARE(readFile(m_target + "/sub/last.txt"), QByteArray("3"));
-    QVERIFY2(QFileInfo(m_target + "/sub").isDir(), "a folder entry creates its folder and still fails");
-    QCOMPARE(QFile::permissions(m_target + "/first.txt") & (QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup
-                                                           | QFile::WriteGroup | QFile::ReadOther),
-             QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
-
-    const QString clean = m_base->filePath("clean");
-    QVERIFY(makeArchive(m_archive, {{"a.txt", "a"}, {"b/c.txt", "c"}}));
-    QVERIFY(plainDecompress(m_archive, clean));
-    QCOMPARE(treeBelow(clean), QStringList() << "a.txt" << "b" << "b/c.txt");
-
-    // Archives that cannot be read at all.
-    QVERIFY(QDir(m_target).removeRecursively() && QDir().mkpath(m_target));
-    QVERIFY(!plainDecompress(m_base->filePath("missing.zip"), m_target));
-
-    QVERIFY(makeArchive(m_archive, {}));
-    QVERIFY(!plainDecompress(m_archive, m_target));
-
-    QVERIFY(writeFile(m_archive, "this is no zip archive"));
-    QVERIFY(!plainDecompress(m_archive, m_target));
-
-    // Cut in half, the archive loses its directory and cannot be opened at all.
-    QVERIFY(makeArchive(m_archive, {{"a.bin", patternedData(20000, 1)}, {"b.bin", patternedData(20000, 2)}}));
-    QVERIFY(QFile::resize(m_archive, QFileInfo(m_archive).size() / 2));
-    QVERIFY(!plainDecompress(m_archive, m_target));
-    QCOMPARE(treeBelow(m_target), QStringList());
-}
-
-void TestArchiveHelpers::hostileEntriesStayInside_data()
-{
-    QTest::addColumn<QString>("hostileName");
-    QTest::addColumn<bool>("symlink");
-
-    QTest::newRow("parent") << "../escaped.txt" << false;
-    QTest::newRow("parent after folder") << "sub/../../escaped.txt" << false;
-    QTest::newRow("backslash parent") << "..\\escaped.txt" << false;
-    QTest::newRow("backslash deep parent") << "sub\\..\\..\\escaped.txt" << false;
-    QTest::newRow("absolute") << "@BASE@/escaped.txt" << false;
-    QTest::newRow("backslash absolute") << "\\escaped.txt" << false;
-    QTest::newRow("drive letter") << "C:/escaped.txt" << false;
-    QTest::newRow("drive letter, relative") << "c:escaped.txt" << false;
-    QTest::newRow("symbolic link") << "link" << true;
-}
-
-void TestArchiveHelpers::hostileEntriesStayInside()
-{
-    QFETCH(QString, hostileName);
-    QFETCH(bool, symlink);
-    hostileName.replace("@BASE@", m_base->path());
-    // A link entry's data is its target.
-    const QByteArray hostileData = symlink ? QFile::encodeName(m_base->path()) : QByteArray("escaped");
-    Entry hostile{hostileName, hostileData, symlink};
-    QVERIFY(makeArchive(m_archive, {{"before.txt", "b"}, hostile, {"after.txt", "a"}}));
-
-    QVERIFY(!plainDecompress(m_archive, m_target));
-    QCOMPARE(treeBelow(m_base->path()), QStringList() << "target" << "target/after.txt" << "target/before.txt");
-
-    // The namespace function unpacks nothing of an archive with such an entry.
-    const QString second = m_base->filePath("second");
-    VEXA_NAMESPACE::DecompressFiles(m_archive, second);
-    QCOMPARE(treeBelow(m_base->path()),
-             QStringList() << "second" << "target" << "target/after.txt" << "target/before.txt");
-}
-
-void TestArchiveHelpers::existingLinkInTargetIsNotFollowed()
-{
-    QTemporaryDir outside;
-    QVERIFY(QFile::link(outside.path(), m_target + "/linked"));
-    QVERIFY(writeFile(outside.filePath("kept.txt"), "original"));
-    QVERIFY(QFile::link(outside.filePath("kept.txt"), m_target + "/file-link.txt"));
-    QVERIFY(makeArchive(m_archive, {{"linked/planted.txt", "x"}, {"file-link.txt", "overwritten"}, {"ok.txt", "ok"}}));
-
-    QVERIFY(!plainDecompress(m_archive, m_target));
-    QCOMPARE(treeBelow(outside.path()), QStringList() << "kept.txt");
-    QCOMPARE(readFile(outside.filePath("kept.txt")), QByteArray("original"));
-    QCOMPARE(readFile(m_target + "/ok.txt"), QByteArray("ok"));
-
-    const QString second = m_base->filePath("second");
-    QVERIFY(QDir().mkpath(second));
-    QVERIFY(QFile::link(outside.path(), second + "/linked"));
-    VEXA_NAMESPACE::DecompressFiles(m_archive, second);
-    QCOMPARE(treeBelow(outside.path()), QStringList() << "kept.txt");
-}
-
-void TestArchiveHelpers::corruptEntryLeavesNoFile_data()
-{
-    QTest::addColumn<bool>("stored");
-    QTest::newRow("stored, checksum mismatch") << true;
-    QTest::newRow("deflated, broken stream") << false;
-}
-
-void TestArchiveHelpers::corruptEntryLeavesNoFile()
-{
-    QFETCH(bool, stored);
-    // The bytes to damage are found in what the archive holds: the stored data itself,
-    // or a stretch of the deflated stream after the entry's local header.
-    const QByteArray payload = patternedData(200000, 3, !stored);
-    QVERIFY(makeArchive(m_archive, {{"first.txt", "1"}, {"broken.bin", payload, false, stored}, {"last.txt", "3"}}));
-    QByteArray bytes = readFile(m_archive);
-    const int at = stored ? bytes.indexOf(payload.mid(1000, 64)) : bytes.indexOf("broken.bin") + 2010;
-    QVERIFY(at > 0);
-    for (int i = 32; i < 48; ++i)
-        bytes[at + i] = char(bytes[at + i] ^ 0x5A);
-    QVERIFY(writeFile(m_archive, bytes));
-
-    QVERIFY(!plainDecompress(m_archive, m_target));
-    QVERIFY(!QFile::exists(m_target + "/broken.bin"));
-    QCOMPARE(readFile(m_target + "/first.txt"), QByteArray("1"));
-    QCOMPARE(readFile(m_target + "/last.txt"), QByteArray("3"));
-
-    const QString second = m_base->filePath("second");
-    VEXA_NAMESPACE::DecompressFiles(m_archive, second);
-    QVERIFY(!QFile::exists(second + "/broken.bin"));
-}
 
 UTILSDLL_TEST_MAIN(TestArchiveHelpers)
 #include "tst_archivehelpers.moc"

@@ -30,223 +30,209 @@ QByteArray readFile(const QString& path)
 class TestFileManagement : public QObject
 {
     Q_OBJECT
-
 private slots:
-    void validateFileName_data();
-    void validateFileName();
-    void isEqualFileOrDirNames_data();
-    void isEqualFileOrDirNames();
-    void removeDirectoryContent();
-    void renameNeverOverwritesAndTrash();
-    void selectFilesInShellReports();
-    void roundWithPrecision_data();
-    void roundWithPrecision();
-    void normalizedPathAndDiskSpace();
+    void validateFileName_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("isPath");
+        QTest::addColumn<bool>("valid");
+
+        QTest::newRow("empty") << QString() << false << false;
+        QTest::newRow("plain name") << "photo.jpg" << false << true;
+        const QString shortParts = (QString(200, 'a') + '/').repeated(163); // 32763 characters
+        QTest::newRow("32767 characters in short parts") << shortParts + "bbbb" << true << false;
+        QTest::newRow("32766 characters in short parts") << shortParts + "bbb" << true << true;
+        QTest::newRow("32766 characters, one overlong part") << QString(32766, 'a') << true << false;
+        QTest::newRow("part of 260") << "dir/" + QString(260, 'x') << true << true;
+        QTest::newRow("part of 261") << "dir/" + QString(261, 'x') << true << false;
+        QTest::newRow("colon in path") << "a:b" << true << true;
+        QTest::newRow("colon in name") << "a:b" << false << false;
+        QTest::newRow("separator in name") << "dir/file" << false << false;
+        QTest::newRow("backslash in name") << "dir\\file" << false << false;
+        for (const QChar forbidden : QStringLiteral("\"<>|?*"))
+            for (const bool isPath : {false, true})
+                QTest::addRow("%c in %s", forbidden.toLatin1(), isPath ? "path" : "name")
+                    << QString(isPath ? "dir/a" : "a") + forbidden + "b.jpg" << isPath << false;
+        QTest::newRow("dots inside a name") << "a..b" << false << false;
+        QTest::newRow("leading parent") << "../photo.jpg" << true << false;
+        QTest::newRow("resolved parent") << "dir/../photo.jpg" << true << true;
+        QTest::newRow("reserved name, any case") << "con" << false << false;
+        QTest::newRow("reserved name as path") << "LPT9" << true << false;
+        QTest::newRow("reserved name with extension") << "con.txt" << false << true;
+        QTest::newRow("COM0 is not reserved") << "COM0" << false << true;
+        QTest::newRow("CON1 is not reserved") << "CON1" << false << true;
+        QTest::newRow("reserved last part") << "dir/con" << true << false;
+        QTest::newRow("reserved middle part") << "dir/aux/file" << true << true;
+        QTest::newRow("reserved last part after drive") << "C:/nul" << true << false;
+    }
+
+    void validateFileName()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, isPath);
+        QFETCH(bool, valid);
+        QCOMPARE(VEXA_NAMESPACE::validateFileName(name, isPath), valid);
+    }
+
+    void isEqualFileOrDirNames_data()
+    {
+        QTest::addColumn<QString>("first");
+        QTest::addColumn<QString>("second");
+        QTest::addColumn<int>("condition");
+        QTest::addColumn<bool>("equal");
+
+        for (int condition = FullPath; condition <= BaseName; ++condition)
+            QTest::addRow("case ignored, condition %d", condition) << "dir/A.JPG" << "dir/a.jpg" << condition << true;
+        QTest::newRow("full path cleaned") << "dir/./sub/../a.jpg" << "dir/a.jpg" << int(FullPath) << true;
+        QTest::newRow("full path differs") << "dir/a.jpg" << "other/a.jpg" << int(FullPath) << false;
+        QTest::newRow("path and base name ignore extension") << "dir/a.jpg" << "dir/a.tif" << int(PathAndBaseName) << true;
+        QTest::newRow("path and base name meet with no separator") << "dir/ab.jpg" << "dira/b.jpg" << int(PathAndBaseName) << true;
+        QTest::newRow("path and base name, other folder") << "dir/a.jpg" << "dir2/a.jpg" << int(PathAndBaseName) << false;
+        QTest::newRow("file name ignores folder") << "one/a.jpg" << "two/a.jpg" << int(FileName) << true;
+        QTest::newRow("file name keeps extension") << "one/a.jpg" << "one/a.tif" << int(FileName) << false;
+        QTest::newRow("base name stops at last dot") << "a.tar.gz" << "a.tar.jpg" << int(BaseName) << true;
+        QTest::newRow("base name differs") << "a.tar.gz" << "a.zip.gz" << int(BaseName) << false;
+        QTest::newRow("unknown condition answers true") << "a.jpg" << "b.png" << 7 << true;
+    }
+
+    void isEqualFileOrDirNames()
+    {
+        QFETCH(QString, first);
+        QFETCH(QString, second);
+        QFETCH(int, condition);
+        QFETCH(bool, equal);
+        QCOMPARE(VEXA_NAMESPACE::isEqualFileOrDirNames(QFileInfo(first), QFileInfo(second), FileCompareCondition(condition)), equal);
+    }
+
+    void removeDirectoryContent()
+    {
+        QTemporaryDir root;
+        const QDir dir(root.path());
+
+        QVERIFY(!VEXA_NAMESPACE::removeDirectoryContent(QDir(root.filePath("missing"))));
+        QVERIFY2(!VEXA_NAMESPACE::removeDirectoryContent(dir), "an empty folder answers false");
+
+        QVERIFY(writeFile(root.filePath("one.txt")));
+        QVERIFY(writeFile(root.filePath(".hidden")));
+        QVERIFY(VEXA_NAMESPACE::removeDirectoryContent(dir));
+        QVERIFY(!QFile::exists(root.filePath("one.txt")));
+        QVERIFY(!QFile::exists(root.filePath(".hidden")));
+
+        // Folders are emptied and kept.
+        QVERIFY(dir.mkpath("sub/deeper"));
+        QVERIFY(writeFile(root.filePath("sub/deeper/a.txt")));
+        QVERIFY(writeFile(root.filePath("sub/b.txt")));
+        QVERIFY(VEXA_NAMESPACE::removeDirectoryContent(dir));
+        QVERIFY(!QFile::exists(root.filePath("sub/deeper/a.txt")));
+        QVERIFY(!QFile::exists(root.filePath("sub/b.txt")));
+        QVERIFY(QFileInfo(root.filePath("sub/deeper")).isDir());
+
+        // The now empty subfolder comes first and stops the walk: the file stays.
+        QVERIFY(writeFile(root.filePath("kept.txt")));
+        QVERIFY(!VEXA_NAMESPACE::removeDirectoryContent(dir));
+        QVERIFY(QFile::exists(root.filePath("kept.txt")));
+        QVERIFY(QDir(root.path()).removeRecursively() && QDir().mkpath(root.path()));
+
+        // Links are removed, never followed.
+        QTemporaryDir outside;
+        QVERIFY(writeFile(outside.filePath("precious.txt")));
+        QVERIFY(QFile::link(outside.path(), root.filePath("linkToFolder")));
+        QVERIFY(QFile::link(outside.filePath("precious.txt"), root.filePath("linkToFile")));
+        QVERIFY(QFile::link(root.filePath("nowhere"), root.filePath("brokenLink")));
+        QVERIFY(writeFile(root.filePath("own.txt")));
+
+        QVERIFY(VEXA_NAMESPACE::removeDirectoryContent(dir));
+        QCOMPARE(readFile(outside.filePath("precious.txt")), QByteArray("data"));
+        QCOMPARE(QDir(root.path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot), QStringList());
+    }
+
+    void renameNeverOverwritesAndTrash()
+    {
+        QTemporaryDir root;
+        QCOMPARE(moveFileToTrash(root.filePath("missing.jpg")), FileOperationFailed);
+
+        const QString path = root.filePath("photo.jpg");
+        QVERIFY(writeFile(path, "pixels"));
+        QCOMPARE(moveFileToTrash(path), FileOperationSucceeded);
+        QVERIFY(!QFile::exists(path));
+
+        // The isolated test home has its own trash, so the file can be found there.
+        const QString trash = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Trash/files";
+        QDirIterator trashed(trash, QStringList() << "photo*.jpg", QDir::Files);
+        QVERIFY2(trashed.hasNext(), qPrintable(trash));
+        QCOMPARE(readFile(trashed.next()), QByteArray("pixels"));
+
+        const QString source = root.filePath("source.txt");
+        const QString target = root.filePath("target.txt");
+        QVERIFY(writeFile(source, "new"));
+        QVERIFY(writeFile(target, "old"));
+
+        QVERIFY(!renameFile(source, target));
+        QCOMPARE(readFile(target), QByteArray("old"));
+        QCOMPARE(readFile(source), QByteArray("new"));
+
+        QVERIFY(renameFile(source, root.filePath("sub/../renamed.txt")));
+        QCOMPARE(readFile(root.filePath("renamed.txt")), QByteArray("new"));
+        QVERIFY(!QFile::exists(source));
+
+        QVERIFY(QDir(root.path()).mkdir("folder"));
+        QVERIFY(renameFile(root.filePath("folder"), root.filePath("moved")));
+        QVERIFY(QFileInfo(root.filePath("moved")).isDir());
+        QVERIFY(!renameFile(root.filePath("missing"), root.filePath("other")));
+    }
+
+    void selectFilesInShellReports()
+    {
+        QTemporaryDir root;
+        QVERIFY(writeFile(root.filePath("a.jpg")));
+        QVERIFY(writeFile(root.filePath("b.jpg")));
+        UtilsDllTest::ScopedTestLogger logger;
+
+        selectFilesInShell(root.filePath("missing"), QStringList() << root.filePath("a.jpg"));
+        selectFilesInShell(root.path(), QStringList());
+        QCOMPARE(logger->lines().size(), 0);
+
+        // One report per existing file and one per call; the missing file gives none.
+        selectFilesInShell(
+            root.path(), QStringList() << root.filePath("a.jpg") << root.filePath("gone.jpg") << root.filePath("b.jpg"));
+        const QStringList reports = logger->linesAt('E');
+        QCOMPARE(reports.size(), 3);
+        QVERIFY(reports.at(0).startsWith("ASSERT in ") && reports.at(0).endsWith(" 81"));
+        QVERIFY(reports.at(1).endsWith(" 81"));
+        QVERIFY(reports.at(2).endsWith(" 92"));
+    }
+
+    void roundWithPrecision_data()
+    {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<int>("precision");
+        QTest::addColumn<double>("expected");
+
+        QTest::newRow("precision 0 rounds to whole") << 2.345 << 0 << 2.0;
+        QTest::newRow("negative precision as 0") << 2.5 << -3 << 3.0;
+        QTest::newRow("zero") << 0.0 << 3 << 0.0;
+        QTest::newRow("negative zero") << -0.0 << 3 << 0.0;
+        QTest::newRow("two places, up") << 1.235001 << 2 << 1.24;
+        QTest::newRow("three places, negative") << -1.23456 << 3 << -1.235;
+        QTest::newRow("beyond int range") << 5e10 + 0.126 << 2 << 5e10 + 0.13;
+    }
+
+    void roundWithPrecision()
+    {
+        QFETCH(double, value);
+        QFETCH(int, precision);
+        QFETCH(double, expected);
+        const double result = VEXA_NAMESPACE::roundWithPrecision(value, precision);
+        QVERIFY2(std::fabs(result - expected) <= 1e-9 * std::max(1.0, std::fabs(expected)),
+                 qPrintable(QString::number(result, 'g', 17)));
+    }
+
+    void normalizedPathAndDiskSpace()
+    {
+        QCOMPARE(normalizedFilePath("Dir/Sub/Photo.JPG"), QDir::toNativeSeparators("dir/sub/photo.jpg"));
+        QVERIFY(availableDiskSpace(QDir::tempPath()) > 0);
+    }
 };
-
-void TestFileManagement::validateFileName_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("isPath");
-    QTest::addColumn<bool>("valid");
-
-    QTest::newRow("empty") << QString() << false << false;
-    QTest::newRow("plain name") << "photo.jpg" << false << true;
-    const QString shortParts = (QString(200, 'a') + '/').repeated(163); // 32763 characters
-    QTest::newRow("32767 characters in short parts") << shortParts + "bbbb" << true << false;
-    QTest::newRow("32766 characters in short parts") << shortParts + "bbb" << true << true;
-    QTest::newRow("32766 characters, one overlong part") << QString(32766, 'a') << true << false;
-    QTest::newRow("part of 260") << "dir/" + QString(260, 'x') << true << true;
-    QTest::newRow("part of 261") << "dir/" + QString(261, 'x') << true << false;
-    QTest::newRow("colon in path") << "a:b" << true << true;
-    QTest::newRow("colon in name") << "a:b" << false << false;
-    QTest::newRow("separator in name") << "dir/file" << false << false;
-    QTest::newRow("backslash in name") << "dir\\file" << false << false;
-    for (const QChar forbidden : QStringLiteral("\"<>|?*"))
-        for (const bool isPath : {false, true})
-            QTest::addRow("%c in %s", forbidden.toLatin1(), isPath ? "path" : "name")
-                << QString(isPath ? "dir/a" : "a") + forbidden + "b.jpg" << isPath << false;
-    QTest::newRow("dots inside a name") << "a..b" << false << false;
-    QTest::newRow("leading parent") << "../photo.jpg" << true << false;
-    QTest::newRow("resolved parent") << "dir/../photo.jpg" << true << true;
-    QTest::newRow("reserved name, any case") << "con" << false << false;
-    QTest::newRow("reserved name as path") << "LPT9" << true << false;
-    QTest::newRow("reserved name with extension") << "con.txt" << false << true;
-    QTest::newRow("COM0 is not reserved") << "COM0" << false << true;
-    QTest::newRow("CON1 is not reserved") << "CON1" << false << true;
-    QTest::newRow("reserved last part") << "dir/con" << true << false;
-    QTest::newRow("reserved middle part") << "dir/aux/file" << true << true;
-    QTest::newRow("reserved last part after drive") << "C:/nul" << true << false;
-}
-
-void TestFileManagement::validateFileName()
-{
-    QFETCH(QString, name);
-    QFETCH(bool, isPath);
-    QFETCH(bool, valid);
-    QCOMPARE(VEXA_NAMESPACE::validateFileName(name, isPath), valid);
-}
-
-void TestFileManagement::isEqualFileOrDirNames_data()
-{
-    QTest::addColumn<QString>("first");
-    QTest::addColumn<QString>("second");
-    QTest::addColumn<int>("condition");
-    QTest::addColumn<bool>("equal");
-
-    for (int condition = FullPath; condition <= BaseName; ++condition)
-        QTest::addRow("case ignored, condition %d", condition) << "dir/A.JPG" << "dir/a.jpg" << condition << true;
-    QTest::newRow("full path cleaned") << "dir/./sub/../a.jpg" << "dir/a.jpg" << int(FullPath) << true;
-    QTest::newRow("full path differs") << "dir/a.jpg" << "other/a.jpg" << int(FullPath) << false;
-    QTest::newRow("path and base name ignore extension") << "dir/a.jpg" << "dir/a.tif" << int(PathAndBaseName) << true;
-    QTest::newRow("path and base name meet with no separator") << "dir/ab.jpg" << "dira/b.jpg" << int(PathAndBaseName) << true;
-    QTest::newRow("path and base name, other folder") << "dir/a.jpg" << "dir2/a.jpg" << int(PathAndBaseName) << false;
-    QTest::newRow("file name ignores folder") << "one/a.jpg" << "two/a.jpg" << int(FileName) << true;
-    QTest::newRow("file name keeps extension") << "one/a.jpg" << "one/a.tif" << int(FileName) << false;
-    QTest::newRow("base name stops at last dot") << "a.tar.gz" << "a.tar.jpg" << int(BaseName) << true;
-    QTest::newRow("base name differs") << "a.tar.gz" << "a.zip.gz" << int(BaseName) << false;
-    QTest::newRow("unknown condition answers true") << "a.jpg" << "b.png" << 7 << true;
-}
-
-void TestFileManagement::isEqualFileOrDirNames()
-{
-    QFETCH(QString, first);
-    QFETCH(QString, second);
-    QFETCH(int, condition);
-    QFETCH(bool, equal);
-    QCOMPARE(VEXA_NAMESPACE::isEqualFileOrDirNames(QFileInfo(first), QFileInfo(second), FileCompareCondition(condition)), equal);
-}
-
-void TestFileManagement::removeDirectoryContent()
-{
-    QTemporaryDir root;
-    const QDir dir(root.path());
-
-    QVERIFY(!VEXA_NAMESPACE::removeDirectoryContent(QDir(root.filePath("missing"))));
-    QVERIFY2(!VEXA_NAMESPACE::removeDirectoryContent(dir), "an empty folder answers false");
-
-    QVERIFY(writeFile(root.filePath("one.txt")));
-    QVERIFY(writeFile(root.filePath(".hidden")));
-    QVERIFY(VEXA_NAMESPACE::removeDirectoryContent(dir));
-    QVERIFY(!QFile::exists(root.filePath("one.txt")));
-    QVERIFY(!QFile::exists(root.filePath(".hidden")));
-
-    // Folders are emptied and kept.
-    QVERIFY(dir.mkpath("sub/deeper"));
-    QVERIFY(writeFile(root.filePath("sub/deeper/a.txt")));
-    QVERIFY(writeFile(root.filePath("sub/b.txt")));
-    QVERIFY(VEXA_NAMESPACE::removeDirectoryContent(dir));
-    QVERIFY(!QFile::exists(root.filePath("sub/deeper/a.txt")));
-    QVERIFY(!QFile::exists(root.filePath("sub/b.txt")));
-    QVERIFY(QFileInfo(root.filePath("sub/deeper")).isDir());
-
-    // The now empty subfolder comes first and stops the walk: the file stays.
-    QVERIFY(writeFile(root.filePath("kept.txt")));
-    QVERIFY(!VEXA_NAMESPACE::removeDirectoryContent(dir));
-    QVERIFY(QFile::exists(root.filePath("kept.txt")));
-    QVERIFY(QDir(root.path()).removeRecursively() && QDir().mkpath(root.path()));
-
-    // Links are removed, never followed.
-    QTemporaryDir outside;
-    QVERIFY(writeFile(outside.filePath("precious.txt")));
-    QVERIFY(QFile::link(outside.path(), root.filePath("linkToFolder")));
-    QVERIFY(QFile::link(outside.filePath("precious.txt"), root.filePath("linkToFile")));
-    QVERIFY(QFile::link(root.filePath("nowhere"), root.filePath("brokenLink")));
-    QVERIFY(writeFile(root.filePath("own.txt")));
-
-    QVERIFY(VEXA_NAMESPACE::removeDirectoryContent(dir));
-    QCOMPARE(readFile(outside.filePath("precious.txt")), QByteArray("data"));
-    QCOMPARE(QDir(root.path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot), QStringList());
-}
-
-void TestFileManagement::renameNeverOverwritesAndTrash()
-{
-    QTemporaryDir root;
-    QCOMPARE(moveFileToTrash(root.filePath("missing.jpg")), FileOperationFailed);
-
-    const QString path = root.filePath("photo.jpg");
-    QVERIFY(writeFile(path, "pixels"));
-    QCOMPARE(moveFileToTrash(path), FileOperationSucceeded);
-    QVERIFY(!QFile::exists(path));
-
-    // The isolated test home has its own trash, so the file can be found there.
-    const QString trash = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Trash/files";
-    QDirIterator trashed(trash, QStringList() << "photo*.jpg", QDir::Files);
-    QVERIFY2(trashed.hasNext(), qPrintable(trash));
-    QCOMPARE(readFile(trashed.next()), QByteArray("pixels"));
-
-    const QString source = root.filePath("source.txt");
-    const QString target = root.filePath("target.txt");
-    QVERIFY(writeFile(source, "new"));
-    QVERIFY(writeFile(target, "old"));
-
-    QVERIFY(!renameFile(source, target));
-    QCOMPARE(readFile(target), QByteArray("old"));
-    QCOMPARE(readFile(source), QByteArray("new"));
-
-    QVERIFY(renameFile(source, root.filePath("sub/../renamed.txt")));
-    QCOMPARE(readFile(root.filePath("renamed.txt")), QByteArray("new"));
-    QVERIFY(!QFile::exists(source));
-
-    QVERIFY(QDir(root.path()).mkdir("folder"));
-    QVERIFY(renameFile(root.filePath("folder"), root.filePath("moved")));
-    QVERIFY(QFileInfo(root.filePath("moved")).isDir());
-    QVERIFY(!renameFile(root.filePath("missing"), root.filePath("other")));
-}
-
-void TestFileManagement::selectFilesInShellReports()
-{
-    QTemporaryDir root;
-    QVERIFY(writeFile(root.filePath("a.jpg")));
-    QVERIFY(writeFile(root.filePath("b.jpg")));
-    UtilsDllTest::ScopedTestLogger logger;
-
-    selectFilesInShell(root.filePath("missing"), QStringList() << root.filePath("a.jpg"));
-    selectFilesInShell(root.path(), QStringList());
-    QCOMPARE(logger->lines().size(), 0);
-
-    // One report per existing file and one per call; the missing file gives none.
-    selectFilesInShell(
-        root.path(), QStringList() << root.filePath("a.jpg") << root.filePath("gone.jpg") << root.filePath("b.jpg"));
-    const QStringList reports = logger->linesAt('E');
-    QCOMPARE(reports.size(), 3);
-    QVERIFY(reports.at(0).startsWith("ASSERT in ") && reports.at(0).endsWith(" 81"));
-    QVERIFY(reports.at(1).endsWith(" 81"));
-    QVERIFY(reports.at(2).endsWith(" 92"));
-}
-
-void TestFileManagement::roundWithPrecision_data()
-{
-    QTest::addColumn<double>("value");
-    QTest::addColumn<int>("precision");
-    QTest::addColumn<double>("expected");
-
-    QTest::newRow("precision 0 rounds to whole") << 2.345 << 0 << 2.0;
-    QTest::newRow("negative precision as 0") << 2.5 << -3 << 3.0;
-    QTest::newRow("zero") << 0.0 << 3 << 0.0;
-    QTest::newRow("negative zero") << -0.0 << 3 << 0.0;
-    QTest::newRow("two places") << 1.23456 << 2 << 1.23;
-    QTest::newRow("two places, up") << 1.235001 << 2 << 1.24;
-    QTest::newRow("three places, negative") << -1.23456 << 3 << -1.235;
-    QTest::newRow("already exact") << 1.5 << 1 << 1.5;
-    QTest::newRow("beyond int range") << 5e10 + 0.126 << 2 << 5e10 + 0.13;
-}
-
-void TestFileManagement::roundWithPrecision()
-{
-    QFETCH(double, value);
-    QFETCH(int, precision);
-    QFETCH(double, expected);
-    const double result = VEXA_NAMESPACE::roundWithPrecision(value, precision);
-    QVERIFY2(std::fabs(result - expected) <= 1e-9 * std::max(1.0, std::fabs(expected)),
-             qPrintable(QString::number(result, 'g', 17)));
-}
-
-void TestFileManagement::normalizedPathAndDiskSpace()
-{
-    QCOMPARE(normalizedFilePath("Dir/Sub/Photo.JPG"), QDir::toNativeSeparators("dir/sub/photo.jpg"));
-    QVERIFY(availableDiskSpace(QDir::tempPath()) > 0);
-}
 
 UTILSDLL_TEST_MAIN(TestFileManagement)
 #include "tst_filemanagement.moc"

@@ -33,15 +33,10 @@ PeFileVersion versionOf(const QByteArray& image)
     return readPeFileVersion(reinterpret_cast<const std::uint8_t*>(image.constData()), size_t(image.size()));
 }
 
-void put16(QByteArray& image, int offset, quint16 value)
+// Writes `bytes` bytes of `value` at `offset`, little-endian.
+void put(QByteArray& image, int offset, quint64 value, int bytes)
 {
-    image[offset] = char(value & 0xFF);
-    image[offset + 1] = char(value >> 8);
-}
-
-void put32(QByteArray& image, int offset, quint32 value)
-{
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < bytes; ++i)
         image[offset + i] = char((value >> (8 * i)) & 0xFF);
 }
 
@@ -57,41 +52,41 @@ QByteArray buildPe32(quint32 fileVersionMS, quint32 fileVersionLS)
     constexpr int kRaw = 0x200;
     constexpr quint32 kRva = 0x1000;
     QByteArray image(kRaw + 0x200, '\0');
-    put16(image, 0, 0x5A4D);
-    put32(image, 0x3C, kPeOffset);
-    put32(image, kPeOffset, 0x00004550);
-    put16(image, kPeOffset + 4, 0x14C);
-    put16(image, kPeOffset + 6, 1);
-    put16(image, kPeOffset + 20, kOptionalSize);
-    put16(image, kOptional, 0x10B);
-    put32(image, kOptional + 92, 16);
-    put32(image, kOptional + 96 + 16, kRva);
-    put32(image, kOptional + 96 + 20, 0x200);
+    put(image, 0, 0x5A4D, 2);
+    put(image, 0x3C, kPeOffset, 4);
+    put(image, kPeOffset, 0x00004550, 4);
+    put(image, kPeOffset + 4, 0x14C, 2);
+    put(image, kPeOffset + 6, 1, 2);
+    put(image, kPeOffset + 20, kOptionalSize, 2);
+    put(image, kOptional, 0x10B, 2);
+    put(image, kOptional + 92, 16, 4);
+    put(image, kOptional + 96 + 16, kRva, 4);
+    put(image, kOptional + 96 + 20, 0x200, 4);
     std::memcpy(image.data() + kSectionTable, ".rsrc", 5);
-    put32(image, kSectionTable + 8, 0x200);
-    put32(image, kSectionTable + 12, kRva);
-    put32(image, kSectionTable + 16, 0x200);
-    put32(image, kSectionTable + 20, kRaw);
+    put(image, kSectionTable + 8, 0x200, 4);
+    put(image, kSectionTable + 12, kRva, 4);
+    put(image, kSectionTable + 16, 0x200, 4);
+    put(image, kSectionTable + 20, kRaw, 4);
 
     auto table = [&](int at, quint32 id, quint32 target) {
-        put16(image, kRaw + at + 14, 1);
-        put32(image, kRaw + at + 16, id);
-        put32(image, kRaw + at + 20, target);
+        put(image, kRaw + at + 14, 1, 2);
+        put(image, kRaw + at + 16, id, 4);
+        put(image, kRaw + at + 20, target, 4);
     };
     table(0x00, 16, 0x80000000u | 0x18);
     table(0x18, 1, 0x80000000u | 0x30);
     table(0x30, 0x409, 0x48);
     const int block = 0x58;
-    put32(image, kRaw + 0x48, kRva + block);
-    put32(image, kRaw + 0x48 + 4, 92);
-    put16(image, kRaw + block, 92);
-    put16(image, kRaw + block + 2, 52);
+    put(image, kRaw + 0x48, kRva + block, 4);
+    put(image, kRaw + 0x48 + 4, 92, 4);
+    put(image, kRaw + block, 92, 2);
+    put(image, kRaw + block + 2, 52, 2);
     const char16_t key[] = u"VS_VERSION_INFO";
     for (int i = 0; i < 16; ++i)
-        put16(image, kRaw + block + 6 + 2 * i, key[i]);
-    put32(image, kRaw + block + 40, 0xFEEF04BD);
-    put32(image, kRaw + block + 48, fileVersionMS);
-    put32(image, kRaw + block + 52, fileVersionLS);
+        put(image, kRaw + block + 6 + 2 * i, key[i], 2);
+    put(image, kRaw + block + 40, 0xFEEF04BD, 4);
+    put(image, kRaw + block + 48, fileVersionMS, 4);
+    put(image, kRaw + block + 52, fileVersionLS, 4);
     return image;
 }
 
@@ -100,124 +95,113 @@ QByteArray buildPe32(quint32 fileVersionMS, quint32 fileVersionLS)
 class TestProcessIdentity : public QObject
 {
     Q_OBJECT
-
 private slots:
-    void processNamesAndUnknownVersions();
-    void readsVersionFromPeSamples_data();
-    void readsVersionFromPeSamples();
-    void refusesTruncatedImages();
-    void readsPe32UnlessMalformed_data();
-    void readsPe32UnlessMalformed();
-};
+    void processNamesAndUnknownVersions()
+    {
+        QCOMPARE(UtilsDll::currentProcessName(), QFileInfo(QCoreApplication::applicationFilePath()).fileName());
+        const auto isUnknown = [](const UtilsDll::BinaryVersion& version) {
+            return version.text.isEmpty() && version.major == 0 && version.minor == 0 && version.revision == 0
+                && version.build == 0;
+        };
+        QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName(QString())));
+        QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName("no-such-process.exe")));
+        // Found, but a native executable has no version resource.
+        QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName(UtilsDll::currentProcessName())));
+        QVERIFY(!executableFileVersion(QCoreApplication::applicationFilePath().toStdWString()).found);
 
-void TestProcessIdentity::processNamesAndUnknownVersions()
-{
-    QCOMPARE(UtilsDll::currentProcessName(), QFileInfo(QCoreApplication::applicationFilePath()).fileName());
-    const auto isUnknown = [](const UtilsDll::BinaryVersion& version) {
-        return version.text.isEmpty() && version.major == 0 && version.minor == 0 && version.revision == 0
-            && version.build == 0;
-    };
-    QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName(QString())));
-    QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName("no-such-process.exe")));
-    // Found, but a native executable has no version resource.
-    QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName(UtilsDll::currentProcessName())));
-    QVERIFY(!executableFileVersion(QCoreApplication::applicationFilePath().toStdWString()).found);
+        // A copy of sleep under a Windows-like name stands for the host process.
+        QTemporaryDir folder;
+        const QString host = folder.filePath("host.exe");
+        QVERIFY(QFile::copy("/bin/sleep", host));
+        QProcess process;
+        process.start(host, QStringList() << "30");
+        QVERIFY(process.waitForStarted());
+        const auto stop = qScopeGuard([&process] { process.kill(); process.waitForFinished(); });
 
-    // A copy of sleep under a Windows-like name stands for the host process.
-    QTemporaryDir folder;
-    const QString host = folder.filePath("host.exe");
-    QVERIFY(QFile::copy("/bin/sleep", host));
-    QProcess process;
-    process.start(host, QStringList() << "30");
-    QVERIFY(process.waitForStarted());
-    const auto stop = qScopeGuard([&process] { process.kill(); process.waitForFinished(); });
+        const auto find = [](const QString& name) {
+            return QString::fromStdWString(processImagePath([&name](const std::wstring& baseName) {
+                return QString::compare(QString::fromStdWString(baseName), name, Qt::CaseInsensitive) == 0;
+            }));
+        };
+        QCOMPARE(find("HOST.EXE"), host);
+        QCOMPARE(find("host"), QString()); // the whole name, extension included
+    }
 
-    const auto find = [](const QString& name) {
-        return QString::fromStdWString(processImagePath([&name](const std::wstring& baseName) {
-            return QString::compare(QString::fromStdWString(baseName), name, Qt::CaseInsensitive) == 0;
-        }));
-    };
-    QCOMPARE(find("HOST.EXE"), host);
-    QCOMPARE(find("host"), QString()); // the whole name, extension included
-}
+    void readsVersionFromPeSamples_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<bool>("found");
+        QTest::addColumn<quint32>("fileVersionMS");
+        QTest::addColumn<quint32>("fileVersionLS");
+        for (const PeSamples::Sample& s : PeSamples::kSamples)
+            QTest::newRow(s.file) << sample(s.file) << s.found << s.fileVersionMS << s.fileVersionLS;
+    }
 
-void TestProcessIdentity::readsVersionFromPeSamples_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<bool>("found");
-    QTest::addColumn<quint32>("fileVersionMS");
-    QTest::addColumn<quint32>("fileVersionLS");
-    for (const PeSamples::Sample& s : PeSamples::kSamples)
-        QTest::newRow(s.file) << sample(s.file) << s.found << s.fileVersionMS << s.fileVersionLS;
-}
+    void readsVersionFromPeSamples()
+    {
+        QFETCH(QString, file);
+        QFETCH(bool, found);
+        QFETCH(quint32, fileVersionMS);
+        QFETCH(quint32, fileVersionLS);
+        const FixedFileVersion version = executableFileVersion(file.toStdWString());
+        QCOMPARE(version.found, found);
+        QCOMPARE(version.fileVersionMS, fileVersionMS);
+        QCOMPARE(version.fileVersionLS, fileVersionLS);
+    }
 
-void TestProcessIdentity::readsVersionFromPeSamples()
-{
-    QFETCH(QString, file);
-    QFETCH(bool, found);
-    QFETCH(quint32, fileVersionMS);
-    QFETCH(quint32, fileVersionLS);
-    const FixedFileVersion version = executableFileVersion(file.toStdWString());
-    QCOMPARE(version.found, found);
-    QCOMPARE(version.fileVersionMS, fileVersionMS);
-    QCOMPARE(version.fileVersionLS, fileVersionLS);
-}
+    void refusesTruncatedImages()
+    {
+        const QByteArray image = readFile(sample("versioned.exe"));
+        QVERIFY(versionOf(image).found);
+        int refused = 0;
+        for (int size = 0; size < image.size(); ++size) {
+            const PeFileVersion version = versionOf(image.left(size));
+            // A cut that keeps the headers and the resource may still answer, but then
+            // only with the true version.
+            if (version.found)
+                QCOMPARE(version.fileVersionMS, (3u << 16) | 2u);
+            else
+                ++refused;
+        }
+        QVERIFY(refused > image.size() / 2);
+        QVERIFY(!readPeFileVersion(nullptr, 100).found);
+    }
 
-void TestProcessIdentity::refusesTruncatedImages()
-{
-    const QByteArray image = readFile(sample("versioned.exe"));
-    QVERIFY(versionOf(image).found);
-    int refused = 0;
-    for (int size = 0; size < image.size(); ++size) {
-        const PeFileVersion version = versionOf(image.left(size));
-        // A cut that keeps the headers and the resource may still answer, but then
-        // only with the true version.
+    // Each row overwrites `bytes` bytes at `at` (little-endian) in the built PE32 image.
+    void readsPe32UnlessMalformed_data()
+    {
+        QTest::addColumn<int>("at");
+        QTest::addColumn<int>("bytes");
+        QTest::addColumn<quint64>("value");
+        const int pe = 0x40, optional = 0x40 + 24, raw = 0x200;
+        QTest::newRow("intact") << 0 << 0 << quint64(0);
+        QTest::newRow("no MZ") << 0 << 2 << quint64(0x4D5A);
+        QTest::newRow("PE offset past the end") << 0x3C << 4 << quint64(0xFFFFFFF0u);
+        QTest::newRow("no PE signature") << pe << 4 << quint64(0x00004551);
+        QTest::newRow("unknown optional header") << optional << 2 << quint64(0x107);
+        QTest::newRow("huge section count") << pe + 6 << 2 << quint64(0xFFFF);
+        QTest::newRow("resource directory outside every section") << optional + 96 + 16 << 4 << quint64(0x7FFFFFF0u);
+        // A count of 0xFFFF, and the first entry no longer the one looked for.
+        QTest::newRow("resource table entry count huge") << raw + 14 << 6 << quint64(0x3FFFF);
+        QTest::newRow("resource subdirectory loops to itself") << raw + 0x18 + 20 << 4 << quint64(0x80000018u);
+        QTest::newRow("version block outside the file") << raw + 0x48 << 4 << quint64(0x1058 + 0x10000);
+        QTest::newRow("fixed info signature wrong") << raw + 0x58 + 40 << 4 << quint64(0xFEEF04BC);
+        QTest::newRow("value length too short") << raw + 0x58 + 2 << 2 << quint64(51);
+    }
+
+    void readsPe32UnlessMalformed()
+    {
+        QFETCH(int, at);
+        QFETCH(int, bytes);
+        QFETCH(quint64, value);
+        QByteArray image = buildPe32(0x00050006, 0x00070008);
+        put(image, at, value, bytes);
+        const PeFileVersion version = versionOf(image);
+        QCOMPARE(version.found, bytes == 0);
         if (version.found)
-            QCOMPARE(version.fileVersionMS, (3u << 16) | 2u);
-        else
-            ++refused;
+            QCOMPARE(QPair(version.fileVersionMS, version.fileVersionLS), QPair(0x00050006u, 0x00070008u));
     }
-    QVERIFY(refused > image.size() / 2);
-    QVERIFY(!readPeFileVersion(nullptr, 100).found);
-}
-
-// Each row overwrites `bytes` bytes at `at` (little-endian) in the built PE32 image.
-void TestProcessIdentity::readsPe32UnlessMalformed_data()
-{
-    QTest::addColumn<int>("at");
-    QTest::addColumn<int>("bytes");
-    QTest::addColumn<quint64>("value");
-    const int pe = 0x40, optional = 0x40 + 24, raw = 0x200;
-    QTest::newRow("intact") << 0 << 0 << quint64(0);
-    QTest::newRow("no MZ") << 0 << 2 << quint64(0x4D5A);
-    QTest::newRow("PE offset past the end") << 0x3C << 4 << quint64(0xFFFFFFF0u);
-    QTest::newRow("no PE signature") << pe << 4 << quint64(0x00004551);
-    QTest::newRow("unknown optional header") << optional << 2 << quint64(0x107);
-    QTest::newRow("huge section count") << pe + 6 << 2 << quint64(0xFFFF);
-    QTest::newRow("resource directory outside every section") << optional + 96 + 16 << 4 << quint64(0x7FFFFFF0u);
-    // A count of 0xFFFF, and the first entry no longer the one looked for.
-    QTest::newRow("resource table entry count huge") << raw + 14 << 6 << quint64(0x3FFFF);
-    QTest::newRow("resource subdirectory loops to itself") << raw + 0x18 + 20 << 4 << quint64(0x80000018u);
-    QTest::newRow("version block outside the file") << raw + 0x48 << 4 << quint64(0x1058 + 0x10000);
-    QTest::newRow("fixed info signature wrong") << raw + 0x58 + 40 << 4 << quint64(0xFEEF04BC);
-    QTest::newRow("value length too short") << raw + 0x58 + 2 << 2 << quint64(51);
-}
-
-void TestProcessIdentity::readsPe32UnlessMalformed()
-{
-    QFETCH(int, at);
-    QFETCH(int, bytes);
-    QFETCH(quint64, value);
-    QByteArray image = buildPe32(0x00050006, 0x00070008);
-    for (int i = 0; i < bytes; ++i)
-        image[at + i] = char((value >> (8 * i)) & 0xFF);
-    const PeFileVersion version = versionOf(image);
-    QCOMPARE(version.found, bytes == 0);
-    if (version.found) {
-        QCOMPARE(version.fileVersionMS, 0x00050006u);
-        QCOMPARE(version.fileVersionLS, 0x00070008u);
-    }
-}
+};
 
 UTILSDLL_TEST_MAIN(TestProcessIdentity)
 #include "tst_processidentity.moc"
