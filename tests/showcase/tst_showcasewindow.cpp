@@ -114,8 +114,8 @@ QSet<QString> keptAsTheyAre(const QString& language)
         return kept;
     QXmlStreamReader xml(&file);
     QString source;
-    while (xml.readNextStartElement() || !xml.atEnd()) {
-        if (!xml.isStartElement())
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
             continue;
         if (xml.name() == QLatin1String("source"))
             source = xml.readElementText();
