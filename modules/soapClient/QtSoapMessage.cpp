@@ -10,11 +10,13 @@ namespace VEXA_NAMESPACE {
 
 namespace {
 
-// Far beyond any real envelope, and well within the stack of a thread on every
-// platform. Entities cannot add depth behind this count: a document that declares
-// any is refused before the DOM expands them (Qt bounds only entities that refer to
-// other entities, and a single entity may hold any amount of markup).
-const int maximumNestingDepth = 1000;
+// Far beyond any real envelope, and within a small thread stack: Qt's DOM parser
+// recurses once per level with about 1.4 KB of stack, and the value tree once more,
+// so 100 levels take some 170 KB, and a thousand would overflow the 1 MB of a
+// Windows thread. Entities cannot add depth behind this count: a document that
+// declares any is refused before the DOM expands them (Qt bounds only entities that
+// refer to other entities, and a single entity may hold any amount of markup).
+const int maximumNestingDepth = 100;
 
 QString faultCodeText(QtSoapMessage::FaultCode code)
 {
