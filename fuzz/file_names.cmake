@@ -12,5 +12,6 @@ utilsdll_add_fuzzer(fuzz_file_names
         ${CMAKE_CURRENT_LIST_DIR}/fuzz_file_names.cpp
         ${_fileManagementDir}/FileManagement.cpp
         ${_fileManagementPlatform}
-    LIBRARIES Qt5::DBus)
-target_include_directories(fuzz_file_names PRIVATE ${_fileManagementDir})
+    LIBRARIES Qt5::DBus
+    INCLUDES ${_fileManagementDir}
+    INPUTS ${CMAKE_CURRENT_LIST_DIR}/corpus/file_names)

@@ -390,7 +390,9 @@ QtSoapArrayIterator::QtSoapArrayIterator(QtSoapArray& array)
 {
 }
 
-bool QtSoapArrayIterator::atEnd() const { return it == arr->items.end(); }
+// The const end: the non-const one would detach an array that was copied after the
+// iterator was made, and the iterator, still in the shared items, would never meet it.
+bool QtSoapArrayIterator::atEnd() const { return it == arr->items.cend(); }
 int QtSoapArrayIterator::pos() const { return it.key(); }
 
 void QtSoapArrayIterator::pos(int* pos0, int* pos1, int* pos2, int* pos3, int* pos4) const

@@ -10,10 +10,13 @@ namespace VEXA_NAMESPACE {
 
 namespace {
 
-// Far beyond any real envelope, and well within the stack of a thread on every
-// platform even with the few hundred levels that entity expansion can still add
-// (Qt limits an entity's expansion to 4096 characters).
-const int maximumNestingDepth = 1000;
+// Far beyond any real envelope, and within a small thread stack: Qt's DOM parser
+// recurses once per level with about 1.4 KB of stack, and the value tree once more,
+// so 100 levels take some 170 KB, and a thousand would overflow the 1 MB of a
+// Windows thread. Entities cannot add depth behind this count: a document that
+// declares any is refused before the DOM expands them (Qt bounds only entities that
+// refer to other entities, and a single entity may hold any amount of markup).
+const int maximumNestingDepth = 100;
 
 QString faultCodeText(QtSoapMessage::FaultCode code)
 {
@@ -339,15 +342,15 @@ bool QtSoapMessage::setContent(const QByteArray& buffer)
     QString message;
     int line = 0;
     int column = 0;
-    const XmlNestingGuard::Excess excess = XmlNestingGuard::findExcessiveNesting(buffer, maximumNestingDepth);
-    if (excess.found) {
-        // Reported like any other parse error, before the DOM can recurse itself
-        // out of stack.
-        message = QStringLiteral("elements nested deeper than %1 levels").arg(maximumNestingDepth);
-        line = excess.line;
-        column = excess.column;
+    const XmlNestingGuard::Refusal refusal = XmlNestingGuard::findRefusal(buffer, maximumNestingDepth);
+    if (refusal.found) {
+        // Reported like any other parse error, before the DOM can expand an entity
+        // or recurse itself out of stack.
+        message = refusal.reason;
+        line = refusal.line;
+        column = refusal.column;
     }
-    if (excess.found || !doc.setContent(buffer, true, &message, &line, &column)) {
+    if (refusal.found || !doc.setContent(buffer, true, &message, &line, &column)) {
         const QString text = QString::asprintf("%s at line %i, column %i", message.toUtf8().constData(), line, column);
         setFaultCode(VersionMismatch);
         setFaultString(QStringLiteral("XML parse error"));
