@@ -421,7 +421,8 @@ private slots:
         QElapsedTimer clock;
         clock.start();
         QCOMPARE(roundsOfBothSignals(transport, silent.serverPort()), 1);
-        QVERIFY2(clock.elapsed() >= 300, qPrintable(QString::number(clock.elapsed())));
+        // Qt's coarse timers may fire up to 5 % early.
+        QVERIFY2(clock.elapsed() >= 280, qPrintable(QString::number(clock.elapsed())));
         QCOMPARE(transport.getResponse().faultCode(), QtSoapMessage::Client);
         QCOMPARE(transport.getResponse().faultString().toString(),
                  QStringLiteral("Network transport error (%1): Operation canceled").arg(QNetworkReply::OperationCanceledError));
