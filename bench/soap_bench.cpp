@@ -95,9 +95,13 @@ const QByteArray& requestText()
     return text;
 }
 
+// Reads each value as the tree holds it: a number is not turned back into text, as
+// the DOM and KDSoap walks read texts that they already hold.
 int walk(const QtSoapType& value)
 {
-    int total = value.toString().size();
+    const QVariant scalar = value.value();
+    int total = value.name().name().size() + value.type()
+        + (scalar.type() == QVariant::String ? scalar.toString().size() : scalar.toInt());
     for (int i = 0; i < value.count(); ++i)
         total += walk(value[i]);
     return total;

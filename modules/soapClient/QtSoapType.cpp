@@ -60,18 +60,24 @@ bool looksLikeInteger(const QString& text)
     return text.isEmpty() || text.at(0).isNumber() || text.at(0) == QLatin1Char('-');
 }
 
-// Built once: every scalar written asks for its name and writes "xsd:" + name.
-const std::vector<QString>& sharedTypeNames(const char* prefix)
+// Built once: every scalar written asks for its type name and writes "xsd:" + name.
+struct SharedTypeNames
 {
-    static const auto build = [](const char* front) {
-        std::vector<QString> list;
-        for (const TypeNames& entry : typeNames)
-            list.push_back(QLatin1String(front) + QLatin1String(entry.name));
-        return list;
-    };
-    static const std::vector<QString> names = build("");
-    static const std::vector<QString> schemaNames = build("xsd:");
-    return *prefix ? schemaNames : names;
+    std::vector<QString> names;       // indexed by QtSoapType::Type
+    std::vector<QString> schemaNames; // the same with "xsd:" in front
+};
+
+const SharedTypeNames& sharedTypeNames()
+{
+    static const SharedTypeNames shared = [] {
+        SharedTypeNames built;
+        for (const TypeNames& entry : typeNames) {
+            built.names.push_back(QLatin1String(entry.name));
+            built.schemaNames.push_back(QLatin1String("xsd:") + QLatin1String(entry.name));
+        }
+        return built;
+    }();
+    return shared;
 }
 
 } // namespace
@@ -176,7 +182,7 @@ QString QtSoapType::typeToName(Type type)
 {
     if (type < Duration || type > Struct)
         type = Other;
-    return sharedTypeNames("")[type];
+    return sharedTypeNames().names[type];
 }
 
 QtSoapType::Type QtSoapType::nameToType(const QString& name)
@@ -231,10 +237,11 @@ QDomElement QtSoapSimpleType::toDomElement(QDomDocument doc) const
     // typeToName handed out (no override of typeName() made its own) has its value
     // ready made.
     const QString name = typeName();
+    const SharedTypeNames& shared = sharedTypeNames();
     const Type named = typeCode >= Duration && typeCode <= Struct ? typeCode : Other;
     element.setAttributeNS(SoapNames::schemaInstanceUri(), SoapNames::schemaInstanceTypeName(),
-                           name.isSharedWith(sharedTypeNames("")[named]) ? sharedTypeNames("xsd:")[named]
-                                                                          : QString(QLatin1String("xsd:") + name));
+                           name.isSharedWith(shared.names[named]) ? shared.schemaNames[named]
+                                                                  : QString(QLatin1String("xsd:") + name));
     element.appendChild(doc.createTextNode(scalarValue.toString()));
     return element;
 }

@@ -2,7 +2,6 @@
 
 #include "QtSoapNamespaces.h"
 
-
 namespace SoapNames {
 
 QString localName(const QString& text)
