@@ -80,6 +80,35 @@ QNetworkReply* QtSoapHttpTransport::networkReply()
     return currentReply;
 }
 
+void QtSoapHttpTransport::setParseFaultReplies(bool parse)
+{
+    faultRepliesParsed = parse;
+}
+
+bool QtSoapHttpTransport::parseFaultReplies() const
+{
+    return faultRepliesParsed;
+}
+
+// The body is read into a message of its own, through the same setContent as any
+// reply (so the same guards against hostile input apply), and replaces the response
+// only if it holds a fault: anything else must leave the response exactly as the
+// transport fault would find it.
+bool QtSoapHttpTransport::readFaultReply(QNetworkReply* reply)
+{
+    const QVariant status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
+    if (!status.isValid() || status.toInt() < 400 || status.toInt() > 599)
+        return false;
+    const QByteArray body = reply->readAll();
+    if (body.isEmpty())
+        return false;
+    QtSoapMessage serverFault;
+    if (!serverFault.setContent(body) || !serverFault.isFault())
+        return false;
+    response = serverFault;
+    return true;
+}
+
 void QtSoapHttpTransport::readResponse(QNetworkReply* reply)
 {
     currentReply = reply;
@@ -88,9 +117,9 @@ void QtSoapHttpTransport::readResponse(QNetworkReply* reply)
         const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
         if (status != 200 && status != 100 && response.faultCode() == QtSoapMessage::Other)
             response.setFaultCode(QtSoapMessage::Client);
-    } else {
-        // Server errors (5xx) land here too: their body is not read, even if it
-        // holds a fault envelope.
+    } else if (!(faultRepliesParsed && readFaultReply(reply))) {
+        // Server errors (5xx) land here too: unless asked for, their body is not
+        // read, even if it holds a fault envelope.
         response.setFaultCode(QtSoapMessage::Client);
         response.setFaultString(QStringLiteral("Network transport error (%1): %2")
                                     .arg(int(reply->error()), 0, 10)

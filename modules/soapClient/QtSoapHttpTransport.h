@@ -31,8 +31,21 @@ public:
     void submitRequest(QtSoapMessage& request, const QString& path);
 
     const QtSoapMessage& getResponse() const;
+    // There is no timeout here: a server that accepts the connection and never
+    // answers keeps the request waiting. Set one on this manager, for example
+    // networkAccessManager()->setTransferTimeout(30000); a transfer that stalls that
+    // long then ends as a Client transport fault with both signals, as any network
+    // error does.
     QNetworkAccessManager* networkAccessManager();
     QNetworkReply* networkReply();
+
+    // Off by default. When on, a reply that ends with an HTTP error status (SOAP
+    // servers send their faults with 500) and whose body is an envelope holding a
+    // recognised fault (isFault()) is read like any reply, so getResponse() carries
+    // the server's own fault code, string and detail. Every other failed reply still
+    // gives the transport fault "Network transport error (...)".
+    void setParseFaultReplies(bool parse);
+    bool parseFaultReplies() const;
 
 signals:
     void responseReady();
@@ -42,11 +55,14 @@ private slots:
     void readResponse(QNetworkReply* reply);
 
 private:
+    bool readFaultReply(QNetworkReply* reply);
+
     QNetworkAccessManager accessManager;
     QPointer<QNetworkReply> currentReply;
     QUrl endpoint;
     QString soapAction;
     QtSoapMessage response;
+    bool faultRepliesParsed = false;
 };
 
 } // namespace VEXA_NAMESPACE

@@ -1,5 +1,21 @@
 #include "QtSoapNamespaces.h"
 
+#include "SoapNames.h"
+
+#include <atomic>
+
+namespace {
+
+// Starts at 1 so that a cache that has seen no version yet is always out of date.
+std::atomic<unsigned> tableVersion{1};
+
+} // namespace
+
+unsigned SoapNames::namespaceTableVersion()
+{
+    return tableVersion.load(std::memory_order_relaxed);
+}
+
 namespace VEXA_NAMESPACE {
 
 QtSoapNamespaces& QtSoapNamespaces::instance()
@@ -10,7 +26,13 @@ QtSoapNamespaces& QtSoapNamespaces::instance()
 
 void QtSoapNamespaces::registerNamespace(const QString& prefix, const QString& uri)
 {
-    namespaceMap[uri] = prefix;
+    // Every message construction registers the same four prefixes again; only a real
+    // change makes the cached names out of date.
+    QString& stored = namespaceMap[uri];
+    if (stored != prefix || stored.isNull() != prefix.isNull()) {
+        stored = prefix;
+        ++tableVersion;
+    }
 }
 
 QString QtSoapNamespaces::prefixFor(const QString& uri)

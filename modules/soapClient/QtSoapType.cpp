@@ -2,6 +2,9 @@
 
 #include "SoapNames.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace VEXA_NAMESPACE {
 
 namespace {
@@ -55,6 +58,26 @@ Conversion conversionFor(QtSoapType::Type type)
 bool looksLikeInteger(const QString& text)
 {
     return text.isEmpty() || text.at(0).isNumber() || text.at(0) == QLatin1Char('-');
+}
+
+// Built once: every scalar written asks for its type name and writes "xsd:" + name.
+struct SharedTypeNames
+{
+    std::vector<QString> names;       // indexed by QtSoapType::Type
+    std::vector<QString> schemaNames; // the same with "xsd:" in front
+};
+
+const SharedTypeNames& sharedTypeNames()
+{
+    static const SharedTypeNames shared = [] {
+        SharedTypeNames built;
+        for (const TypeNames& entry : typeNames) {
+            built.names.push_back(QLatin1String(entry.name));
+            built.schemaNames.push_back(QLatin1String("xsd:") + QLatin1String(entry.name));
+        }
+        return built;
+    }();
+    return shared;
 }
 
 } // namespace
@@ -158,18 +181,14 @@ QString QtSoapType::errorString() const { return errorText; }
 QString QtSoapType::typeToName(Type type)
 {
     if (type < Duration || type > Struct)
-        return QStringLiteral("other");
-    return QLatin1String(typeNames[type].name);
+        type = Other;
+    return sharedTypeNames().names[type];
 }
 
 QtSoapType::Type QtSoapType::nameToType(const QString& name)
 {
-    const QString key = name.trimmed().toLower();
-    for (int type = Duration; type <= Other; ++type) {
-        if (typeNames[type].key && key == QLatin1String(typeNames[type].key))
-            return Type(type);
-    }
-    return Other;
+    const SoapNames::KnownTypeName* known = SoapNames::findKnownTypeName(name.trimmed().toLower());
+    return known ? known->type : Other;
 }
 
 QtSoapSimpleType::QtSoapSimpleType()
@@ -214,10 +233,15 @@ bool QtSoapSimpleType::toBool() const { return scalarValue.toBool(); }
 QDomElement QtSoapSimpleType::toDomElement(QDomDocument doc) const
 {
     QDomElement element = SoapNames::createNamedElement(doc, qualifiedName.name(), qualifiedName.uri());
-    // The "xsd:" is literal, whatever prefix the schema namespace has.
-    element.setAttributeNS(SoapNames::schemaInstanceUri(),
-                           SoapNames::qualifiedAttributeName(SoapNames::schemaInstanceUri(), QStringLiteral("type")),
-                           QLatin1String("xsd:") + typeName());
+    // The "xsd:" is literal, whatever prefix the schema namespace has. A name that
+    // typeToName handed out (no override of typeName() made its own) has its value
+    // ready made.
+    const QString name = typeName();
+    const SharedTypeNames& shared = sharedTypeNames();
+    const Type named = typeCode >= Duration && typeCode <= Struct ? typeCode : Other;
+    element.setAttributeNS(SoapNames::schemaInstanceUri(), SoapNames::schemaInstanceTypeName(),
+                           name.isSharedWith(shared.names[named]) ? shared.schemaNames[named]
+                                                                  : QString(QLatin1String("xsd:") + name));
     element.appendChild(doc.createTextNode(scalarValue.toString()));
     return element;
 }
@@ -228,11 +252,19 @@ bool QtSoapSimpleType::parse(QDomNode node)
         return false;
     QDomElement element = node.toElement();
     const QDomAttr typeAttribute = element.attributeNode(QStringLiteral("type"));
-    const QString typeText = typeAttribute.isNull()
-        ? QStringLiteral("string")
-        : SoapNames::localName(typeAttribute.value()).toLower();
     // The type is taken before the conversion and kept if the conversion fails.
-    typeCode = nameToType(typeText);
+    if (typeAttribute.isNull()) {
+        typeCode = String;
+    } else {
+        const QString typeText = typeAttribute.value();
+        const QStringView local = SoapNames::localNameView(typeText);
+        if (SoapNames::isPlainLowerCase(local)) { // what senders write: no copy needed
+            const SoapNames::KnownTypeName* known = SoapNames::findKnownTypeName(local);
+            typeCode = known ? known->type : Other;
+        } else {
+            typeCode = nameToType(SoapNames::localName(typeText).toLower());
+        }
+    }
 
     const QString text = element.text();
     switch (conversionFor(typeCode)) {
@@ -268,3 +300,33 @@ bool QtSoapSimpleType::parse(QDomNode node)
 }
 
 } // namespace VEXA_NAMESPACE
+
+namespace SoapNames {
+
+const KnownTypeName* findKnownTypeName(QStringView lowerCaseName)
+{
+    // The keys that a lower-cased name can match, and the factory's other names,
+    // which read as Other; sorted for a binary search.
+    static const std::vector<KnownTypeName> names = [] {
+        std::vector<KnownTypeName> list;
+        for (int type = VEXA_NAMESPACE::QtSoapType::Duration; type <= VEXA_NAMESPACE::QtSoapType::Other; ++type) {
+            const char* key = VEXA_NAMESPACE::typeNames[type].key;
+            if (key && QLatin1String(key) == QString::fromLatin1(key).toLower())
+                list.push_back({QLatin1String(key), VEXA_NAMESPACE::QtSoapType::Type(type)});
+        }
+        for (const char* other : {"array", "struct", "other", "nmtokens", "nonpositiveinteger", "hexbinary"})
+            list.push_back({QLatin1String(other), VEXA_NAMESPACE::QtSoapType::Other});
+        std::sort(list.begin(), list.end(),
+                  [](const KnownTypeName& a, const KnownTypeName& b) { return a.text < b.text; });
+        return list;
+    }();
+    const auto found = std::lower_bound(names.begin(), names.end(), lowerCaseName,
+                                        [](const KnownTypeName& entry, QStringView name) {
+                                            return QStringView(entry.text).compare(name) < 0;
+                                        });
+    if (found == names.end() || QStringView(found->text) != lowerCaseName)
+        return nullptr;
+    return &*found;
+}
+
+} // namespace SoapNames

@@ -62,8 +62,13 @@ QtSmartPtr<QtSoapType> QtSoapTypeFactory::soapType(QDomNode node) const
 
     QtSoapTypeConstructorBase* constructor = nullptr;
     const QDomAttr typeAttribute = element.attributeNode(QStringLiteral("type"));
-    if (!typeAttribute.isNull())
-        constructor = typeHandlers.value(SoapNames::localName(typeAttribute.value().toLower()), nullptr);
+    if (!typeAttribute.isNull()) {
+        const QString typeText = typeAttribute.value().toLower();
+        // A known name is looked up through its shared string, which spares a copy of
+        // the local name for every element read.
+        const SoapNames::KnownTypeName* known = SoapNames::findKnownTypeName(SoapNames::localNameView(typeText));
+        constructor = typeHandlers.value(known ? known->text : SoapNames::localName(typeText), nullptr);
+    }
 
     // An unknown or missing type is no error: the shape of the element decides.
     // Only the first child node counts, so a leading comment makes it a string.

@@ -12,6 +12,24 @@ QString localName(const QString& text)
     return text.right(text.size() - colon - 1);
 }
 
+QStringView localNameView(QStringView text)
+{
+    const qsizetype colon = text.indexOf(QLatin1Char(':'));
+    if (colon == 0)
+        return text;
+    return text.mid(colon + 1);
+}
+
+bool isPlainLowerCase(QStringView text)
+{
+    for (const QChar c : text) {
+        const ushort code = c.unicode();
+        if (code <= 0x20 || code >= 0x7f || (code >= 'A' && code <= 'Z'))
+            return false;
+    }
+    return true;
+}
+
 QDomElement createNamedElement(QDomDocument& doc, const QString& name, const QString& uri)
 {
     if (uri == QLatin1String(""))
@@ -23,6 +41,19 @@ QDomElement createNamedElement(QDomDocument& doc, const QString& name, const QSt
 QString qualifiedAttributeName(const QString& uri, const QString& localPart)
 {
     return VEXA_NAMESPACE::QtSoapNamespaces::instance().prefixFor(uri) + QLatin1Char(':') + localPart;
+}
+
+const QString& schemaInstanceTypeName()
+{
+    // Per thread, so that this cache adds no sharing of its own.
+    thread_local unsigned builtFor = 0;
+    thread_local QString name;
+    const unsigned version = namespaceTableVersion();
+    if (builtFor != version) {
+        name = qualifiedAttributeName(schemaInstanceUri(), QStringLiteral("type"));
+        builtFor = version;
+    }
+    return name;
 }
 
 } // namespace SoapNames

@@ -47,7 +47,7 @@ class InteropService(ServiceBase):
 
     @rpc(Unicode, _returns=Unicode)
     def failWith(ctx, reason):
-        raise Fault(faultcode="Server.Calibration", faultstring=reason)
+        raise Fault(faultcode="Server.Calibration", faultstring=reason, detail={"lens": "Tilt 24"})
 
 
 class QuietHandler(WSGIRequestHandler):

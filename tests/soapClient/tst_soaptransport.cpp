@@ -4,6 +4,7 @@
 
 #include "QtSoapHttpTransport.h"
 
+#include <QElapsedTimer>
 #include <QNetworkReply>
 #include <QProcess>
 #include <QSignalSpy>
@@ -92,6 +93,13 @@ const QByteArray faultEnvelope =
     "<faultcode>e:Server</faultcode><faultstring>broken</faultstring></e:Fault></e:Body></e:Envelope>";
 const QString interopNamespace = QStringLiteral("urn:vexa:interop");
 
+// A fault with the given code and detail content, as servers send it with status 500.
+QByteArray faultWith(const QByteArray& code, const QByteArray& detail)
+{
+    return "<e:Envelope xmlns:e=\"http://schemas.xmlsoap.org/soap/envelope/\"><e:Body><e:Fault><faultcode>" + code
+        + "</faultcode><faultstring>broken</faultstring><detail>" + detail + "</detail></e:Fault></e:Body></e:Envelope>";
+}
+
 bool waitForResponse(QtSoapHttpTransport& transport)
 {
     return QSignalSpy(&transport, QOverload<>::of(&QtSoapHttpTransport::responseReady)).wait(15000);
@@ -111,6 +119,20 @@ bool call(QtSoapHttpTransport& transport, int port, QtSoapMessage& request, cons
         transport.setHost(QStringLiteral("127.0.0.1"), port);
     transport.submitRequest(request, path);
     return waitForResponse(transport);
+}
+
+// Posts once to the loopback port and waits; the number of rounds in which both
+// signals fired, plain one first, or -1 if they did not pair up.
+int roundsOfBothSignals(QtSoapHttpTransport& transport, int port)
+{
+    QString events;
+    QObject::connect(&transport, QOverload<>::of(&QtSoapHttpTransport::responseReady), [&] { events += 'p'; });
+    QObject::connect(&transport, QOverload<const QtSoapMessage&>::of(&QtSoapHttpTransport::responseReady),
+                     [&](const QtSoapMessage&) { events += 'm'; });
+    QtSoapMessage request = methodCall(QStringLiteral("m"));
+    if (!call(transport, port, request))
+        return 0;
+    return events == QLatin1String("pm") ? 1 : -1;
 }
 
 } // namespace
@@ -317,6 +339,93 @@ private slots:
         QCOMPARE(parts.join(QLatin1Char(',')), expected);
         if (method == QLatin1String("getLens"))
             QCOMPARE(result[QStringLiteral("FOCAL")].toInt(), 24);
+    }
+
+    // Each case runs with the switch off, then on: on, only a recognised fault in an
+    // envelope replaces the transport fault, and every other reply leaves exactly the
+    // response that the switch off gives.
+    void faultReplies_data()
+    {
+        QTest::addColumn<int>("status"); // 0: a refused connection
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<bool>("serverFault");
+        const QByteArray lens = "<lens>Tilt 24</lens>";
+        QTest::newRow("500 fault") << 500 << faultWith("e:Server.Calibration", lens) << true;
+        QTest::newRow("503 fault") << 503 << faultWith("Server", lens) << true;
+        QTest::newRow("500 no body") << 500 << QByteArray() << false;
+        QTest::newRow("500 not XML") << 500 << QByteArray("Internal Server Error") << false;
+        QTest::newRow("500 not an envelope") << 500 << QByteArray("<html><body>oops</body></html>") << false;
+        QTest::newRow("500 envelope without fault") << 500 << okEnvelope << false;
+        QTest::newRow("500 fault of unknown code") << 500 << faultWith("e:Calibration", lens) << false;
+        QTest::newRow("500 fault nested too deep") << 500 << faultWith("Server", QByteArray("<a>").repeated(100000)
+                                                                     + QByteArray("</a>").repeated(100000)) << false;
+        QTest::newRow("refused connection") << 0 << QByteArray() << false;
+    }
+
+    void faultReplies()
+    {
+        QFETCH(int, status);
+        QFETCH(QByteArray, body);
+        QFETCH(bool, serverFault);
+        m_server.status = status;
+        m_server.body = body;
+        QTcpServer closed;
+        QVERIFY(closed.listen(QHostAddress::LocalHost));
+        const int port = status ? m_server.serverPort() : closed.serverPort();
+        closed.close();
+
+        QString transportFault;
+        for (const bool parse : {false, true}) {
+            QtSoapHttpTransport transport;
+            QVERIFY(!transport.parseFaultReplies());
+            transport.setParseFaultReplies(parse);
+            QCOMPARE(roundsOfBothSignals(transport, port), 1);
+            const QtSoapMessage& response = transport.getResponse();
+            if (!parse) {
+                QVERIFY(response.faultString().toString().startsWith(QLatin1String("Network transport error (")));
+                transportFault = response.toXmlString(0);
+            } else if (serverFault) {
+                QCOMPARE(response.faultCode(), QtSoapMessage::Server);
+                QCOMPARE(response.faultString().toString(), QStringLiteral("broken"));
+                QCOMPARE(response.faultDetail()[QStringLiteral("lens")].toString(), QStringLiteral("Tilt 24"));
+            } else {
+                QCOMPARE(response.toXmlString(0), transportFault);
+            }
+        }
+    }
+
+    // spyne sends its fault with status 500.
+    void serverFaultFromSpyne()
+    {
+        QtSoapHttpTransport transport;
+        transport.setParseFaultReplies(true);
+        transport.setAction(QStringLiteral("failWith"));
+        QtSoapMessage request = methodCall(QStringLiteral("failWith"), interopNamespace);
+        request.addMethodArgument(QStringLiteral("reason"), interopNamespace, QStringLiteral("lens unknown"));
+        QVERIFY(call(transport, m_spynePort, request));
+        const QtSoapMessage& response = transport.getResponse();
+        QCOMPARE(response.faultCode(), QtSoapMessage::Server);
+        QCOMPARE(response.faultString().toString(), QStringLiteral("lens unknown"));
+        QCOMPARE(response.faultDetail()[QStringLiteral("lens")].toString(), QStringLiteral("Tilt 24"));
+    }
+
+    // There is no timeout of our own; the one set on the manager ends the wait for a
+    // server that accepts the connection and never answers.
+    void silentServerTimesOut()
+    {
+        QTcpServer silent;
+        QVERIFY(silent.listen(QHostAddress::LocalHost));
+        QtSoapHttpTransport transport;
+        QCOMPARE(transport.networkAccessManager()->transferTimeout(), 0);
+        transport.networkAccessManager()->setTransferTimeout(300);
+        QElapsedTimer clock;
+        clock.start();
+        QCOMPARE(roundsOfBothSignals(transport, silent.serverPort()), 1);
+        // Qt's coarse timers may fire up to 5 % early.
+        QVERIFY2(clock.elapsed() >= 280, qPrintable(QString::number(clock.elapsed())));
+        QCOMPARE(transport.getResponse().faultCode(), QtSoapMessage::Client);
+        QCOMPARE(transport.getResponse().faultString().toString(),
+                 QStringLiteral("Network transport error (%1): Operation canceled").arg(QNetworkReply::OperationCanceledError));
     }
 
 private:

@@ -85,6 +85,10 @@ private slots:
         table.registerNamespace(QStringLiteral("env"), QStringLiteral("http://schemas.xmlsoap.org/soap/envelope/"));
         QtSoapMessage third;
         QCOMPARE(table.prefixFor(QStringLiteral("http://schemas.xmlsoap.org/soap/envelope/")), QStringLiteral("SOAP-ENV"));
+        // The type attribute's name follows the table, although it is built once.
+        element = value.toDomElement(doc);
+        QCOMPARE(element.attributeNodeNS(QStringLiteral("http://www.w3.org/1999/XMLSchema-instance"), QStringLiteral("type")).prefix(),
+                 QStringLiteral("xsi"));
     }
 
     void typeNames()
@@ -98,6 +102,12 @@ private slots:
         QCOMPARE(QtSoapType::typeToName(QtSoapType::Name), QStringLiteral("name"));
         QCOMPARE(QtSoapType::typeToName(QtSoapType::IDRef), QStringLiteral("IDREF"));
         QCOMPARE(QtSoapType::typeToName(QtSoapType::Type(-1)), QStringLiteral("other"));
+        // Every name reads back in any case, but the two with capital keys and the three without a key.
+        for (int code = QtSoapType::Duration; code <= QtSoapType::Other; ++code) {
+            const auto type = QtSoapType::Type(code);
+            const bool noKey = type == QtSoapType::HexBinary || type == QtSoapType::NonPositiveInteger || type >= QtSoapType::Array;
+            QCOMPARE(QtSoapType::nameToType(QtSoapType::typeToName(type).toUpper()), noKey ? QtSoapType::Other : type);
+        }
     }
 
     void nameEquality()
@@ -125,6 +135,7 @@ private slots:
         QTest::newRow("xsi int") << "<v xmlns:xsi='urn:i' xsi:type='xsd:int'>-42</v>" << true << int(QtSoapType::Int) << QVariant(-42);
         QTest::newRow("empty int is 0") << "<v type='int'/>" << true << int(QtSoapType::Int) << QVariant(0);
         QTest::newRow("plus sign is a type error") << "<p:v xmlns:p='urn:p' type='int'>+5</p:v>" << false << int(QtSoapType::Int) << QVariant();
+        QTest::newRow("type in capitals") << "<v type='XSD:Int'>5</v>" << true << int(QtSoapType::Int) << QVariant(5);
         QTest::newRow("leading colon stays Other") << "<v type=':int'>7</v>" << true << int(QtSoapType::Other) << QVariant("7");
         QTest::newRow("hexBinary is Other text") << "<v type='xsd:hexBinary'>0AFF</v>" << true << int(QtSoapType::Other) << QVariant("0AFF");
         QTest::newRow("decimal fraction reads 0") << "<v type='decimal'>1.5</v>" << true << int(QtSoapType::Decimal) << QVariant(0);
