@@ -27,6 +27,14 @@ echo "consumer: built and ran against the installed package"
 summary="$build/test-summary.log"
 (cd "$build" && ctest --output-on-failure -j "$jobs") | tee "$summary"
 
+# The concurrency stress test once more under ThreadSanitizer, in a build of its own
+# that makes only what that test needs. The test sets its own TSAN_OPTIONS.
+tsan="$build-tsan"
+cmake -S "$root" -B "$tsan" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DUTILSDLL_SANITIZE=thread \
+    -DUTILSDLL_BUILD_BENCHMARKS=OFF -DUTILSDLL_BUILD_SHOWCASE=OFF
+cmake --build "$tsan" -j "$jobs" --target tst_concurrency
+(cd "$tsan" && ctest --output-on-failure -L stress) | tee -a "$summary"
+
 # The Windows side of the platform seam: cross-built with mingw-w64, run under Wine.
 bash "$root/scripts/wine-tests.sh" "${UTILSDLL_WIN_BUILD_DIR:-$build-win}" | tee -a "$summary"
 

@@ -46,15 +46,39 @@ QString readLicenceAt(const QString& path)
 
 } // namespace
 
-QString readLicenceFile(QFile* file)
+QString readLicenceFile(QFile* file, const std::function<bool()>& interrupted)
 {
     ASSERT(file);
     QString html;
     if (!file)
         return html;
+    // Read in chunks rather than by lines, so that a reader asked to stop looks at the
+    // flag often even in a large file of long lines. The text is the one that reading
+    // line by line gives: a break after every line, the last one too, where "\r\n" and a
+    // final "\r" count as the end of a line.
+    const int chunkSize = 64 * 1024;
     QTextStream stream(file);
-    while (!stream.atEnd())
-        html += stream.readLine() + "<br>";
+    QString line;
+    while (!stream.atEnd()) {
+        if (interrupted && interrupted())
+            return QString();
+        const QString chunk = stream.read(chunkSize);
+        int from = 0;
+        for (int newline = chunk.indexOf('\n'); newline >= 0; newline = chunk.indexOf('\n', from)) {
+            line += chunk.midRef(from, newline - from);
+            if (line.endsWith('\r'))
+                line.chop(1);
+            html += line + "<br>";
+            line.clear();
+            from = newline + 1;
+        }
+        line += chunk.midRef(from);
+    }
+    if (!line.isEmpty()) {
+        if (line.endsWith('\r'))
+            line.chop(1);
+        html += line + "<br>";
+    }
     return html;
 }
 
@@ -139,13 +163,30 @@ LicensesDownloadThread::LicensesDownloadThread(const QStringList& files, QObject
 {
 }
 
+// The about box may close while this still reads: a running QThread must not be
+// destroyed, so whoever deletes the reader first stops it and waits.
+LicensesDownloadThread::~LicensesDownloadThread()
+{
+    stopAndWait();
+}
+
+void LicensesDownloadThread::stopAndWait()
+{
+    requestInterruption();
+    wait();
+}
+
 void LicensesDownloadThread::run()
 {
-    for (int i = 0; i < m_files.size(); ++i) {
+    const auto interrupted = [this] { return isInterruptionRequested(); };
+    for (int i = 0; i < m_files.size() && !interrupted(); ++i) {
         QFile file(m_files.at(i));
         if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
             continue;
-        QString text = readLicenceFile(&file);
+        QString text = readLicenceFile(&file, interrupted);
+        // A text cut short by a stop is not handed over.
+        if (interrupted())
+            return;
         if (i != m_files.size() - 1)
             text += s_separator;
         emit fileRead(text);
@@ -159,6 +200,7 @@ struct CAboutDlg::Private
     Ui::aboutDlg ui;
     CAuxWinEventFilter eventFilter;
     bool filterPending = true;
+    QPointer<LicensesDownloadThread> reader;
 };
 
 CAboutDlg::CAboutDlg(QWidget* parent, Qt::WindowFlags flags)
@@ -185,9 +227,9 @@ CAboutDlg::CAboutDlg(QWidget* parent, Qt::WindowFlags flags)
         }
         licences = texts.join(s_separator + "<br>");
         if (!paths.isEmpty()) {
-            auto* thread = new LicensesDownloadThread(paths, this);
-            connect(thread, &LicensesDownloadThread::fileRead, this, &CAboutDlg::addFileContents);
-            thread->start(QThread::InheritPriority);
+            d->reader = new LicensesDownloadThread(paths, this);
+            connect(d->reader, &LicensesDownloadThread::fileRead, this, &CAboutDlg::addFileContents);
+            d->reader->start(QThread::InheritPriority);
             licences += s_separator;
         }
     }
@@ -210,9 +252,13 @@ CAboutDlg::CAboutDlg(QWidget* parent, Qt::WindowFlags flags)
     d->ui.verticalLabel->setStyleSheet(d->ui.verticalLabel->styleSheet() + "font-family: \"OpenSansLight\";");
 }
 
-// The licence thread is a child and is not waited for: closing the box while it
-// still reads destroys a running thread. Kept as it is.
-CAboutDlg::~CAboutDlg() = default;
+// The box may be closed while its licence reader still reads: the reader is stopped,
+// between files or within one, and waited for before anything of the box goes away.
+CAboutDlg::~CAboutDlg()
+{
+    if (d->reader)
+        d->reader->stopAndWait();
+}
 
 void CAboutDlg::updateProductName(const QString& name)
 {

@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QThread>
 
+#include <functional>
+
 class QFile;
 class QWidget;
 
@@ -53,6 +55,11 @@ class LicensesDownloadThread : public QThread
     Q_OBJECT
 public:
     LicensesDownloadThread(const QStringList& files, QObject* parent);
+    ~LicensesDownloadThread() override;
+
+    // Asks the reader to stop, at the next file or within the current one, and waits
+    // until it has. No text of a file cut short is sent.
+    void stopAndWait();
 
 signals:
     void fileRead(const QString& contents);
@@ -68,5 +75,6 @@ private:
 // after the pending events have been handled.
 void installFilterOnce(CAuxWinEventFilter& filter, bool& filterPending);
 
-// The text of a licence file as simple HTML: each line followed by "<br>".
-QString readLicenceFile(QFile* file);
+// The text of a licence file as simple HTML: each line followed by "<br>". When
+// interrupted answers true, checked between chunks, reading stops and the text is empty.
+QString readLicenceFile(QFile* file, const std::function<bool()>& interrupted = {});

@@ -16,6 +16,7 @@
 #include <QIcon>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QMutex>
 #include <QProcess>
 #include <QScreen>
 
@@ -113,11 +114,14 @@ void startCrashSender()
 
 QString getQtPluginsDir(bool inHostPlugin)
 {
-    // Set once, unguarded: two first calls on two threads race, as callers accept.
+    // Any thread may ask, and a first answer that is empty is looked for again on the next
+    // call, so the cache is written after start-up too: the mutex keeps a reader from
+    // copying the text while another thread assigns it.
+    static QMutex mutex;
     static QString pluginsDir;
-    if (!pluginsDir.isEmpty())
-        return pluginsDir;
-    pluginsDir = inHostPlugin ? connectorModuleFolder() : QCoreApplication::applicationDirPath();
+    const QMutexLocker locker(&mutex);
+    if (pluginsDir.isEmpty())
+        pluginsDir = inHostPlugin ? connectorModuleFolder() : QCoreApplication::applicationDirPath();
     return pluginsDir;
 }
 

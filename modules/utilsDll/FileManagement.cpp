@@ -3,7 +3,6 @@
 #include "Log.h"
 #include "platform/FileManagement.h"
 
-#include <QRegExp>
 #include <QStorageInfo>
 
 #include <cmath>
@@ -21,26 +20,29 @@ constexpr int kMaxPathPartLength = 261;
 constexpr int kSelectedFileReportLine = 81;
 constexpr int kShellSelectionReportLine = 92;
 
-const QString& reservedNames()
+// Windows' reserved device names. They are compared by hand, in any case, rather than
+// with a shared QRegExp: validateFileName runs on any thread, and QRegExp keeps its
+// match state in the object, so concurrent matches on one pattern corrupt memory.
+const char* const kReservedNames[] = {"CON",  "PRN",  "AUX",  "NUL",  "COM1", "COM2", "COM3", "COM4",
+                                      "COM5", "COM6", "COM7", "COM8", "COM9", "LPT1", "LPT2", "LPT3",
+                                      "LPT4", "LPT5", "LPT6", "LPT7", "LPT8", "LPT9"};
+
+// The whole text is a reserved name: "CON.txt", "COM0" and "CON1" are not.
+bool isReservedName(const QStringRef& text)
 {
-    static const QString names = QStringLiteral("CON|PRN|AUX|NUL|COM1|COM2|COM3|COM4|COM5|COM6|COM7|COM8|COM9|"
-                                                "LPT1|LPT2|LPT3|LPT4|LPT5|LPT6|LPT7|LPT8|LPT9");
-    return names;
+    for (const char* name : kReservedNames) {
+        if (text.compare(QLatin1String(name), Qt::CaseInsensitive) == 0)
+            return true;
+    }
+    return false;
 }
 
-// Compiled once per process; the function-local statics make that thread-safe.
-const QRegExp& reservedNamePattern()
+// The part after the last forward slash or backslash is a reserved name; a text with
+// no separator has no such part. Names hold no separator, so the last one decides.
+bool hasReservedLastPart(const QString& text)
 {
-    static const QRegExp pattern(reservedNames(), Qt::CaseInsensitive, QRegExp::RegExp);
-    return pattern;
-}
-
-// The class holds a forward slash and one backslash.
-const QRegExp& reservedLastPartPattern()
-{
-    static const QRegExp pattern(QStringLiteral(".*[/\\\\](%1)").arg(reservedNames()), Qt::CaseInsensitive,
-                                 QRegExp::RegExp);
-    return pattern;
+    const int separator = qMax(text.lastIndexOf(QLatin1Char('/')), text.lastIndexOf(QLatin1Char('\\')));
+    return separator >= 0 && isReservedName(text.midRef(separator + 1));
 }
 
 QString nativeCleanPath(const QString& name)
@@ -149,11 +151,11 @@ bool validateFileName(const QString& name, bool isPath)
     // Deliberately also refuses two dots inside a name such as "a..b".
     if (text.contains(QLatin1String(".."), Qt::CaseSensitive))
         return false;
-    if (reservedNamePattern().exactMatch(text))
+    if (isReservedName(QStringRef(&text)))
         return false;
     if (!isPath)
         return true;
-    return !reservedLastPartPattern().exactMatch(text);
+    return !hasReservedLastPart(text);
 }
 
 bool isEqualFileOrDirNames(const QFileInfo& first, const QFileInfo& second, FileCompareCondition condition)

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QTransform>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -45,6 +46,65 @@ bool clipToolLine(QPointF& a, QPointF& b, const QRectF& clipRect)
     return true;
 }
 
+// The run of tiles, as indices from 0 to lastTile, that can touch what the painter shows:
+// its device, when that is a raster of known size, and its clip. With the line's
+// transform set, everything else is cut away by the painter anyway, so skipping it
+// leaves the picture as it was and keeps a huge line as cheap as its visible part. On a
+// device of no known size and with no clip (a picture being recorded), all are drawn.
+struct TileRange
+{
+    qint64 first = 0;
+    qint64 last = -1; // empty when last < first
+};
+
+bool isFinite(const QRectF& rect)
+{
+    return qIsFinite(rect.left()) && qIsFinite(rect.top()) && qIsFinite(rect.right()) && qIsFinite(rect.bottom());
+}
+
+TileRange visibleTiles(const QPainter& painter, double tileWidth, double tileHeight, double lastTile)
+{
+    if (!painter.isActive() || !qIsFinite(lastTile) || lastTile < 0)
+        return TileRange();
+    TileRange range;
+    range.last = qint64(std::min(lastTile, 9.0e18)); // within qint64, far beyond any device
+    // Pixels around the edge that smoothing may still reach from a tile just outside.
+    const double margin = 2;
+    QRectF visible;
+    bool bounded = false;
+    const QPaintDevice* device = painter.device();
+    const int type = device ? device->devType() : 0;
+    if (type == QInternal::Image || type == QInternal::Pixmap || type == QInternal::Widget) {
+        bool invertible = false;
+        const QTransform toLine = painter.combinedTransform().inverted(&invertible);
+        if (!invertible)
+            return TileRange();
+        visible = toLine.mapRect(
+            QRectF(0, 0, device->width(), device->height()).adjusted(-margin, -margin, margin, margin));
+        bounded = true;
+    }
+    if (painter.hasClipping()) {
+        // Already in the line's coordinates, since its transform is set.
+        const QRectF clip = painter.clipBoundingRect().adjusted(-margin, -margin, margin, margin);
+        visible = bounded ? visible & clip : clip;
+        bounded = true;
+    }
+    if (!bounded)
+        return range;
+    if (!isFinite(visible) || visible.isEmpty() || visible.bottom() < 0 || visible.top() > tileHeight)
+        return TileRange();
+    // Tile k covers x from k * width to (k + 1) * width.
+    const double firstVisible = std::floor(visible.left() / tileWidth) - 1;
+    const double lastVisible = std::floor(visible.right() / tileWidth);
+    if (lastVisible < 0 || firstVisible > lastTile)
+        return TileRange();
+    if (firstVisible > 0)
+        range.first = qint64(firstVisible);
+    if (lastVisible < lastTile)
+        range.last = qint64(lastVisible);
+    return range;
+}
+
 } // namespace
 
 void drawToolLine(const QPointF& start, const QPointF& end, const QPixmap& pixmap, bool stretch, QPainter* painter,
@@ -72,7 +132,8 @@ void drawToolLine(const QPointF& start, const QPointF& end, const QPixmap& pixma
     const QTransform savedTransform = painter->transform();
     const QPainter::RenderHints savedHints = painter->renderHints();
     QTransform transform;
-    transform.translate(a.toPoint().x(), a.toPoint().y());
+    // The start rounded to whole pixels as QPointF::toPoint does, without its int range.
+    transform.translate(qRound64(a.x()), qRound64(a.y()));
     transform.rotate(-angle, Qt::ZAxis);
     painter->setTransform(transform, false);
     painter->setRenderHint(QPainter::SmoothPixmapTransform);
@@ -81,10 +142,14 @@ void drawToolLine(const QPointF& start, const QPointF& end, const QPixmap& pixma
     if (stretch) {
         painter->drawPixmap(QRectF(0, 0, length, pixmap.height()).toRect(), pixmap, pixmap.rect());
     } else {
-        // The last tile is not cut and may overshoot the end by up to one width.
-        const int n = qRound(length);
-        for (int x = 0; x <= n; x += pixmap.width())
-            painter->drawPixmap(x, 0, pixmap);
+        // Tiles stand at each multiple of the width up to the rounded length; the last is
+        // not cut and may overshoot the end by up to one width. Counted in 64 bits, and
+        // only the tiles that can show are drawn.
+        const double width = pixmap.width();
+        const double lastTile = std::floor(std::floor(length + 0.5) / width);
+        const TileRange tiles = visibleTiles(*painter, width, pixmap.height(), lastTile);
+        for (qint64 tile = tiles.first; tile <= tiles.last; ++tile)
+            painter->drawPixmap(QPointF(double(tile) * width, 0), pixmap);
     }
 
     painter->setTransform(savedTransform, false);

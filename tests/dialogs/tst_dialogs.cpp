@@ -474,6 +474,9 @@ private slots:
                                    << QStringList{"A<br>A2<br>", "B<br>"} << 1;
         // An empty file drops out of the join, and is taken off the list all the same.
         QTest::newRow("one of two empty") << Files{{"one.txt", ""}, {"two.txt", "B\n"}} << QStringList{"B<br>"} << 0;
+        // Read in chunks: lines cross chunk boundaries, "\r\n" ends a line, and so does the end.
+        QTest::newRow("longer than a chunk") << Files{{"one.txt", QByteArray("line\r\n").repeated(20000) + "last"}}
+                                             << QStringList{QString("line<br>").repeated(20000) + "last<br>"} << 0;
         QTest::newRow("other files ignored") << Files{{"one.txt", "A\n"}, {"notes.md", "M\n"}} << QStringList{"A<br>"}
                                              << 0;
     }
@@ -515,6 +518,23 @@ private slots:
         QVERIFY(!first.contains(added->text()));
         QCOMPARE(added->parentWidget()->objectName(), QString("scrollAreaWidgetContents"));
         QVERIFY(added->wordWrap() && added->openExternalLinks());
+    }
+
+    // Deleting the box right after show() while its reader is inside a huge third file used
+    // to destroy a running thread, which aborts the process. The reader now stops within the file.
+    void closingWhileTheReaderReadsStopsIt()
+    {
+        writeLicences({{"one.txt", "A\n"}, {"two.txt", "B\n"}, {"three.txt", "C\n"}});
+        // The box takes the files in the folder's own order; the one it leaves to its reader
+        // grows to 64 GiB of zeros, sparse on disk, which takes minutes to read through.
+        const QStringList order = QDir(licencesFolder()).entryList({"*.txt"}, QDir::NoFilter, QDir::NoSort);
+        QVERIFY(QFile(licencesFolder() + '/' + order.at(2)).resize(qint64(1) << 36));
+
+        auto* dialog = new CAboutDlg;
+        const QThread* reader = dialog->findChild<QThread*>();
+        QVERIFY(reader && reader->isRunning());
+        dialog->show();
+        delete dialog;
     }
 
     // What the pictures test cannot see: titles, link targets, the product name, the fixed size.

@@ -284,6 +284,51 @@ private slots:
         }
     }
 
+    // A line far longer than what shows, or starting far off the picture, draws the same pixels
+    // as one just long enough to cross it; counted in int, such lengths drew nothing or never
+    // ended. The ends differ by a power of two, so the angle is exactly the same.
+    void hugeToolLinesDrawWhatShows_data()
+    {
+        QTest::addColumn<QPointF>("start");
+        QTest::addColumn<QPointF>("end");
+        QTest::addColumn<QPointF>("hugeStart");
+        QTest::addColumn<QPointF>("hugeEnd");
+
+        const double big = std::ldexp(1.0, 33);
+        QTest::newRow("length near INT_MAX") << QPointF(5, 30) << QPointF(205, 30) << QPointF(5, 30)
+                                             << QPointF(5.0 + std::numeric_limits<int>::max() - 1, 30);
+        QTest::newRow("length 2^33") << QPointF(5, 30) << QPointF(205, 30) << QPointF(5, 30) << QPointF(5 + big, 30);
+        QTest::newRow("slanted") << QPointF(10, 90) << QPointF(10 + 3 * 64, 90 - 2 * 64) << QPointF(10, 90)
+                                 << QPointF(10 + 3 * big, 90 - 2 * big);
+        QTest::newRow("vertical") << QPointF(60, 95) << QPointF(60, 95 - 256) << QPointF(60, 95)
+                                  << QPointF(60, 95 - big);
+        // Same tile phase: the starts are whole numbers of tiles apart.
+        QTest::newRow("start far to the left") << QPointF(10 - 10 * 3, 50) << QPointF(110, 50)
+                                               << QPointF(10 - 10 * std::ldexp(1.0, 28), 50) << QPointF(110, 50);
+        QTest::newRow("drawn from the far end") << QPointF(5, 30) << QPointF(205, 30) << QPointF(5 + big, 30)
+                                                << QPointF(5, 30);
+    }
+
+    void hugeToolLinesDrawWhatShows()
+    {
+        QFETCH(QPointF, start);
+        QFETCH(QPointF, end);
+        QFETCH(QPointF, hugeStart);
+        QFETCH(QPointF, hugeEnd);
+        for (const QRect clip : {QRect(), QRect(20, 10, 50, 60)}) {
+            const auto lineWithin = [&](const QPointF& a, const QPointF& b) {
+                return drawn([&](QPainter& painter) {
+                    if (!clip.isNull())
+                        painter.setClipRect(clip);
+                    drawToolLine(a, b, tile(), false, &painter, QRectF());
+                });
+            };
+            const QImage natural = lineWithin(start, end);
+            QVERIFY(!inkRect(natural).isNull());
+            QVERIFY(lineWithin(hugeStart, hugeEnd) == natural);
+        }
+    }
+
     void cursorsAndIcons()
     {
         UtilsDllTest::ScopedTestLogger logger;
