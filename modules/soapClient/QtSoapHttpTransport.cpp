@@ -28,6 +28,8 @@ QtSoapHttpTransport::QtSoapHttpTransport(QObject* parent)
     , accessManager(this)
 {
     connect(&accessManager, &QNetworkAccessManager::finished, this, &QtSoapHttpTransport::readResponse);
+    // Queued connections look the argument type up by the name in the signature.
+    qRegisterMetaType<QtSoapMessage>("QtSoapMessage");
 }
 
 QtSoapHttpTransport::~QtSoapHttpTransport() = default;
@@ -56,8 +58,10 @@ void QtSoapHttpTransport::submitRequest(QtSoapMessage& request, const QString& p
     QNetworkRequest networkRequest;
     networkRequest.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("text/xml;charset=utf-8"));
     // Unquoted and always present, even when empty: callers whose server wants the
-    // quotes of SOAP 1.1 put them into the action themselves.
-    networkRequest.setRawHeader("SOAPAction", soapAction.toLatin1());
+    // quotes of SOAP 1.1 put them into the action themselves. A null value would make
+    // Qt drop the header, so an action never set goes out as an empty one.
+    const QByteArray action = soapAction.toLatin1();
+    networkRequest.setRawHeader("SOAPAction", action.isNull() ? QByteArray("") : action);
     endpoint.setPath(path, QUrl::DecodedMode);
     networkRequest.setUrl(endpoint);
 

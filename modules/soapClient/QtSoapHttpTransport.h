@@ -48,8 +48,10 @@ public:
     bool parseFaultReplies() const;
 
 signals:
+    // Argument types stand unqualified, so that the meta-object names them as callers
+    // write them: SIGNAL(responseReady(const QtSoapMessage&)).
     void responseReady();
-    void responseReady(const VEXA_NAMESPACE::QtSoapMessage& response);
+    void responseReady(const QtSoapMessage& response);
 
 private slots:
     void readResponse(QNetworkReply* reply);

@@ -4,6 +4,7 @@
 #include "Settings.h"
 #include "SharedConstants.h"
 #include "platform/ModuleFile.h"
+#include "platform/ModuleLookup.h"
 #include "platform/WindowMenu.h"
 
 #include <QAction>
@@ -109,7 +110,10 @@ void loadFonts()
 
 void startCrashSender()
 {
-    QProcess::execute(QStringLiteral("CrashSender"), QStringList());
+    const std::wstring applicationDir =
+        QCoreApplication::instance() ? QCoreApplication::applicationDirPath().toStdWString() : std::wstring();
+    const std::wstring program = VexaPlatform::programStartName(L"CrashSender", applicationDir);
+    QProcess::execute(QString::fromStdWString(program), QStringList());
 }
 
 QString getQtPluginsDir(bool inHostPlugin)

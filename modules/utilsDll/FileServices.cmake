@@ -29,6 +29,8 @@ else()
     set_target_properties(Qt5::DBus PROPERTIES IMPORTED_GLOBAL TRUE)
     target_sources(UtilsDll PRIVATE
         platform/linux/FileManagement.cpp
+        platform/linux/RenameNoReplace.cpp
+        platform/linux/RenameNoReplace.h
         platform/linux/ProcessIdentity.cpp
         platform/linux/PeVersionReader.cpp
         platform/linux/PeVersionReader.h)

@@ -56,8 +56,12 @@ def cursors():
         "cusors_rotation_bottom": (f'<path d="M5 20 A12 12 0 0 1 27 20 L30 20 L25 27 L20 20 L23 20 A8 8 0 0 0 9 20 '
                                    f'L12 20 L7 27 L2 20 Z" {stroke} transform="rotate(180 16 16)"/>'),
     }
+    # Drawn on a square grid of 32; the cursor images are 23 by 24, so the drawing is
+    # scaled to the width and centred in the height. A square image would come out
+    # 23 by 23, as icons keep the aspect of their drawing.
     for name, body in shapes.items():
-        write(ICONS / "cursors" / f"{name}.svg", svg(32, 32, body))
+        write(ICONS / "cursors" / f"{name}.svg",
+              svg(23, 24, f'<g transform="translate(0 0.5) scale(0.71875)">{body}</g>'))
 
 
 def check_boxes():

@@ -128,6 +128,29 @@ private slots:
         QCOMPARE(Vexa::getQtPluginsDir(true), standalone);
     }
 
+    // As on Windows, a crash sender beside the program is run before one on PATH.
+    void crashSenderBesideTheProgramFirst()
+    {
+        QTemporaryDir programFolder, pathFolder;
+        const QString program = programFolder.filePath("process_probe");
+        QVERIFY(QFile::copy(PROCESS_PROBE, program));
+        const QString beside = writeFile(programFolder, "CrashSender", "#!/bin/sh\necho beside\n");
+        const QString onPath = writeFile(pathFolder, "CrashSender", "#!/bin/sh\necho path\n");
+        for (const QString& script : {beside, onPath})
+            QVERIFY(QFile::setPermissions(script, QFile::permissions(script) | QFile::ExeOwner));
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("PATH", pathFolder.path() + ':' + environment.value("PATH"));
+
+        for (const QByteArray expected : {"beside", "path"}) {
+            QProcess probe;
+            probe.setProcessEnvironment(environment);
+            probe.start(program, {"crash-sender"});
+            QVERIFY(probe.waitForFinished(60000));
+            QCOMPARE(probe.readAllStandardOutput().trimmed(), expected);
+            QFile::remove(beside);
+        }
+    }
+
     void closeButtonToggles()
     {
         QWidget widget;
@@ -145,6 +168,23 @@ private slots:
         // Another handle leaves the window alone.
         Vexa::enableWindowCloseButton(handle + 1000, false);
         QVERIFY(closeHints() & Qt::WindowCloseButtonHint);
+    }
+
+    // On a dialog only the close button changes, and the widget's flags stay those of
+    // its native window.
+    void closeButtonOfADialog()
+    {
+        QDialog dialog;
+        dialog.show();
+        QWindow* window = dialog.windowHandle();
+        const Qt::WindowFlags others = ~Qt::WindowFlags(Qt::CustomizeWindowHint | Qt::WindowCloseButtonHint);
+        const Qt::WindowFlags before = window->flags() & others;
+        for (const bool enable : {false, true}) {
+            Vexa::enableWindowCloseButton(dialog.winId(), enable);
+            QCOMPARE(window->flags() & others, before);
+            QCOMPARE(window->flags().testFlag(Qt::WindowCloseButtonHint), enable);
+            QCOMPARE(dialog.windowFlags(), window->flags());
+        }
     }
 
     void flickHoverEvent()

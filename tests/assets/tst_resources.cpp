@@ -212,6 +212,14 @@ private slots:
         QCOMPARE(QImage(":/icons/app_icon_rectivo/logo_48.png").size(), QSize(48, 48));
     }
 
+    // Compiled in format version 1, which stores no modification times.
+    void setsCarryNoModificationTimes()
+    {
+        for (const char* path : {":/qss/custom.qss", ":/calibration/db/CAFList4.db", ":/translations/vexa_de.qm",
+                                 ":/icons/app_icon_rectivo/logo_16.png"})
+            QVERIFY2(!QFileInfo(path).lastModified().isValid(), path);
+    }
+
     void countriesList()
     {
         const QStringList lines = QString::fromUtf8(resourceBytes(":/translations/countries.en.txt"))

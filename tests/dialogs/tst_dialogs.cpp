@@ -559,6 +559,20 @@ private slots:
                  Qt::TextBrowserInteraction);
     }
 
+    // The Sorel form gives its labels no colour or size of their own: the style sheets decide.
+    void sorelLabelsFollowTheStyleSheets()
+    {
+        qApp->setStyleSheet("QLabel { color: #123456; font-size: 11px; }");
+        const auto restore = qScopeGuard([] { qApp->setStyleSheet(QString()); });
+        CAboutSorelDlg sorel;
+        sorel.ensurePolished();
+        for (const char* name : {"label_sorel", "label_footer"}) {
+            const QLabel* label = sorel.findChild<QLabel*>(name);
+            QVERIFY2(label->palette().color(QPalette::WindowText) == QColor("#123456"), name);
+            QVERIFY2(label->font().pixelSize() == 11, name);
+        }
+    }
+
     // Runs again under Xvfb, by name, since a real X server delivers activation differently.
     // Closing is also how both boxes are deleted: they delete themselves on close.
     void closesWhenAnotherWindowIsActivated()

@@ -1,4 +1,5 @@
 #include "FileManagement.h"
+#include "RenameNoReplace.h"
 #include "TestEnvironment.h"
 #include "TestLogger.h"
 
@@ -179,6 +180,59 @@ private slots:
         QVERIFY(renameFile(root.filePath("folder"), root.filePath("moved")));
         QVERIFY(QFileInfo(root.filePath("moved")).isDir());
         QVERIFY(!renameFile(root.filePath("missing"), root.filePath("other")));
+    }
+
+    // Both ways of renaming, with RENAME_NOREPLACE and without it (NFS, some FUSE):
+    // folders rename too, and nothing that exists is ever replaced.
+    void renameWithAndWithoutReplaceFlag_data()
+    {
+        QTest::addColumn<QString>("source");
+        QTest::addColumn<QString>("target"); // "free", or an existing "file" or "emptyFolder"
+        QTest::addColumn<bool>("renamed");
+        QTest::newRow("file to a free name") << "file" << "free" << true;
+        QTest::newRow("file onto a file") << "file" << "file" << false;
+        QTest::newRow("folder to a free name") << "folder" << "free" << true;
+        QTest::newRow("folder onto an empty folder") << "folder" << "emptyFolder" << false;
+        QTest::newRow("folder onto a file") << "folder" << "file" << false;
+        QTest::newRow("missing source") << "missing" << "free" << false;
+    }
+
+    void renameWithAndWithoutReplaceFlag()
+    {
+        QFETCH(QString, source);
+        QFETCH(QString, target);
+        QFETCH(bool, renamed);
+        for (const auto rename : {&VexaPlatform::renameNoReplace, &VexaPlatform::renameWithoutReplaceFlag}) {
+            QTemporaryDir root;
+            QVERIFY(QDir(root.path()).mkpath("folder/inner") && QDir(root.path()).mkdir("emptyFolder"));
+            QVERIFY(writeFile(root.filePath("folder/inner/a.txt"), "a") && writeFile(root.filePath("file"), "old"));
+            const QString from = root.filePath(source == "file" ? "source.txt" : source);
+            if (source == "file")
+                QVERIFY(writeFile(from, "new"));
+            const QString to = root.filePath(target);
+
+            QCOMPARE(rename(from, to), renamed);
+            QCOMPARE(QFileInfo::exists(from), !renamed && source != "missing");
+            QCOMPARE(readFile(root.filePath("file")), QByteArray("old")); // never replaced
+            QVERIFY(QDir(root.filePath("emptyFolder")).isEmpty());
+            const QString moved = renamed ? to : from;
+            if (source == "file")
+                QCOMPARE(readFile(moved), QByteArray("new"));
+            else if (source == "folder")
+                QCOMPARE(readFile(moved + "/inner/a.txt"), QByteArray("a"));
+        }
+    }
+
+    // A copy to another file system whose original cannot be removed is taken back:
+    // the move did not happen, and the file does not stand twice.
+    void renameAcrossFileSystemsLeavesNoCopy()
+    {
+        QTemporaryDir root;
+        // On another file system than the test folder, and nobody, root included, may remove it.
+        const QString undeletable = QStringLiteral("/proc/self/comm");
+        QVERIFY(!renameFile(undeletable, root.filePath("comm")));
+        QVERIFY(QFile::exists(undeletable));
+        QVERIFY(!QFile::exists(root.filePath("comm")));
     }
 
     void selectFilesInShellReports()

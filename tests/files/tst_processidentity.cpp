@@ -127,6 +127,23 @@ private slots:
         QCOMPARE(find("host"), QString()); // the whole name, extension included
     }
 
+    // An upgrade while the program runs replaces its file; the name stays the same.
+    void nameAfterTheProgramFileWasReplaced()
+    {
+        QTemporaryDir folder;
+        const QString program = folder.filePath("process_probe");
+        QVERIFY(QFile::copy(PROCESS_PROBE, program));
+        QProcess probe;
+        probe.start(program, {"name"});
+        QVERIFY(probe.waitForStarted());
+        QVERIFY(QFile::remove(program));
+        QVERIFY(QFile::copy(PROCESS_PROBE, program));
+        probe.write("\n");
+        probe.closeWriteChannel();
+        QVERIFY(probe.waitForFinished(60000));
+        QCOMPARE(probe.readAllStandardOutput().trimmed(), QByteArray("process_probe"));
+    }
+
     void readsVersionFromPeSamples_data()
     {
         QTest::addColumn<QString>("file");

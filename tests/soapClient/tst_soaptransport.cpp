@@ -135,6 +135,16 @@ int roundsOfBothSignals(QtSoapHttpTransport& transport, int port)
     return events == QLatin1String("pm") ? 1 : -1;
 }
 
+// Receives the message as a module of the product does, with the type unqualified.
+class ResponseReceiver : public QObject
+{
+    Q_OBJECT
+public:
+    QStringList values;
+public slots:
+    void take(const QtSoapMessage& response) { values << response.returnValue().toString(); }
+};
+
 } // namespace
 
 class TestSoapTransport : public QObject
@@ -211,6 +221,48 @@ private slots:
         QVERIFY(sent.body.contains("Objektiv \xc3\xa4 \xe2\x82\xac"));
         QCOMPARE(request.toXmlString(0), before);
         QCOMPARE(transport.getResponse().returnValue().toString(), QString::number(m_server.requests.size()));
+    }
+
+    void soapActionSentWhenNeverSet()
+    {
+        m_server.status = 200;
+        m_server.body = okEnvelope;
+        QtSoapHttpTransport transport;
+        QtSoapMessage request = methodCall(QStringLiteral("m"));
+        QVERIFY(call(transport, m_server.serverPort(), request));
+        const QByteArray head = m_server.requests.last().head;
+        QVERIFY2(head.contains("\r\nSOAPAction: \r\n"), head.constData());
+    }
+
+    // The string form as modules write it, for every signal and slot of the transport
+    // that carries a library type; a queued connection finds the type by that name.
+    void stringFormConnects_data()
+    {
+        QTest::addColumn<QByteArray>("signal");
+        QTest::addColumn<int>("type");
+        QTest::newRow("responseReady direct") << QByteArray(SIGNAL(responseReady(const QtSoapMessage&)))
+                                              << int(Qt::DirectConnection);
+        QTest::newRow("responseReady queued") << QByteArray(SIGNAL(responseReady(const QtSoapMessage&)))
+                                              << int(Qt::QueuedConnection);
+    }
+
+    void stringFormConnects()
+    {
+        QFETCH(QByteArray, signal);
+        QFETCH(int, type);
+        const QMetaObject& meta = QtSoapHttpTransport::staticMetaObject;
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+            QVERIFY2(!meta.method(i).methodSignature().contains("::"), meta.method(i).methodSignature().constData());
+
+        m_server.status = 200;
+        m_server.body = okEnvelope;
+        QtSoapHttpTransport transport;
+        ResponseReceiver receiver;
+        QVERIFY(connect(&transport, signal.constData(), &receiver, SLOT(take(const QtSoapMessage&)),
+                        Qt::ConnectionType(type)));
+        QtSoapMessage request = methodCall(QStringLiteral("m"));
+        QVERIFY(call(transport, m_server.serverPort(), request));
+        QTRY_COMPARE(receiver.values, QStringList(QString::number(m_server.requests.size())));
     }
 
     void replies_data()

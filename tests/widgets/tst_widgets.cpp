@@ -335,8 +335,8 @@ private slots:
         QVERIFY(toolCursorPixmap(ToolCursorType(7)).isNull());
         QCOMPARE(logger->linesAt('E').size(), 1);
         QVERIFY(logger->linesAt('E').first().endsWith(": Bug!!!"));
-        const QPixmap cursor = toolCursorPixmap(ToolCursorRotationBottom);
-        QVERIFY(!cursor.isNull() && QRect(0, 0, 23, 24).contains(cursor.rect()));
+        for (int type = ToolCursorDiagonalLeft; type <= ToolCursorRotationBottom; ++type)
+            QCOMPARE(toolCursorPixmap(ToolCursorType(type)).size(), QSize(23, 24));
         QCOMPARE(logger->linesAt('E').size(), 1);
 
         QIcon icon;

@@ -1,4 +1,5 @@
 #include "../FileManagement.h"
+#include "RenameNoReplace.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -8,12 +9,6 @@
 #include <QFileInfo>
 #include <QStringList>
 #include <QUrl>
-
-#include <cerrno>
-#include <fcntl.h>
-#include <stdio.h>
-#include <sys/syscall.h>
-#include <unistd.h>
 
 namespace VexaPlatform {
 
@@ -33,32 +28,6 @@ bool askFileManagerToShow(const QStringList& uris)
     call << uris << QString();
     const QDBusMessage reply = bus.call(call, QDBus::Block, kFileManagerTimeoutMs);
     return reply.type() == QDBusMessage::ReplyMessage;
-}
-
-// renameat2 with RENAME_NOREPLACE is atomic; where the file system lacks it, a hard
-// link plus unlink gives the same "never replace" guarantee. Across file systems a
-// file is copied (QFile::copy never replaces either) and the original removed, as
-// the Windows move does.
-bool renameNoReplace(const QString& from, const QString& to)
-{
-    const QByteArray fromName = QFile::encodeName(from);
-    const QByteArray toName = QFile::encodeName(to);
-    int error = ENOSYS;
-#ifdef SYS_renameat2
-    constexpr unsigned int kRenameNoReplace = 1;
-    if (::syscall(SYS_renameat2, AT_FDCWD, fromName.constData(), AT_FDCWD, toName.constData(), kRenameNoReplace) == 0)
-        return true;
-    error = errno;
-#endif
-    if (error == EINVAL || error == ENOSYS) {
-        if (::link(fromName.constData(), toName.constData()) != 0)
-            return false;
-        ::unlink(fromName.constData());
-        return true;
-    }
-    if (error == EXDEV && QFileInfo(from).isFile() && QFile::copy(from, to))
-        return QFile::remove(from);
-    return false;
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "../ModuleLookup.h"
 
+#include <QFileInfo>
 #include <QString>
 
 namespace VexaPlatform {
@@ -16,6 +17,18 @@ std::vector<std::wstring> moduleLoadNames(const std::wstring& windowsFileName, c
         names.push_back(applicationDir + L"/lib" + baseName.toStdWString() + L".so");
     names.push_back(baseName.toStdWString());
     return names;
+}
+
+std::wstring programStartName(const std::wstring& programName, const std::wstring& applicationDir)
+{
+    // A bare name is searched along PATH only; the folder beside the program, which
+    // Windows searches first, has to be tried by hand.
+    if (!applicationDir.empty()) {
+        const QFileInfo beside(QString::fromStdWString(applicationDir + L"/" + programName));
+        if (beside.isFile() && beside.isExecutable())
+            return beside.filePath().toStdWString();
+    }
+    return programName;
 }
 
 } // namespace VexaPlatform

@@ -16,7 +16,13 @@ namespace {
 // users, which are then passed over as the system passes them over elsewhere.
 QString executableOf(const QString& processFolder)
 {
-    return QFile::symLinkTarget(processFolder + QStringLiteral("/exe"));
+    QString executable = QFile::symLinkTarget(processFolder + QStringLiteral("/exe"));
+    // The kernel marks a program whose file was removed or replaced while it runs (an
+    // upgrade) with this suffix. The program's name is still the one without it.
+    const QLatin1String deletedMark(" (deleted)");
+    if (executable.endsWith(deletedMark) && !QFileInfo::exists(executable))
+        executable.chop(deletedMark.size());
+    return executable;
 }
 
 // Process ids in ascending order, the order in which the system lists them.

@@ -8,4 +8,10 @@ std::vector<std::wstring> moduleLoadNames(const std::wstring& windowsFileName, c
     return {windowsFileName};
 }
 
+std::wstring programStartName(const std::wstring& programName, const std::wstring&)
+{
+    // CreateProcess, too, looks in the application's folder before PATH.
+    return programName;
+}
+
 } // namespace VexaPlatform
