@@ -28,7 +28,14 @@ using Vexa::CErrStrings;
 using Files = QMap<QString, QByteArray>;
 
 // Every heap allocation is counted, so that a Show... call, made when memory has run out,
-// can be checked to allocate nothing at all.
+// can be checked to allocate nothing at all. AddressSanitizer and ThreadSanitizer own
+// malloc themselves: a second definition here fights their allocator and the program dies
+// at start-up, so their builds count nothing and skip just that check.
+#if defined(UTILSDLL_SANITIZE_ADDRESS) || defined(UTILSDLL_SANITIZE_THREAD)
+static constexpr bool s_hooked = false;
+#else
+static constexpr bool s_hooked = true;
+#endif
 extern "C" {
 void* __libc_malloc(size_t size);
 void* __libc_calloc(size_t count, size_t size);
@@ -36,16 +43,18 @@ void* __libc_realloc(void* pointer, size_t size);
 }
 static std::atomic<bool> s_counting{false};
 static std::atomic<long> s_allocations{0};
-static void countAllocation()
+[[maybe_unused]] static void countAllocation()
 {
     if (s_counting.load(std::memory_order_relaxed))
         s_allocations.fetch_add(1, std::memory_order_relaxed);
 }
+#if !defined(UTILSDLL_SANITIZE_ADDRESS) && !defined(UTILSDLL_SANITIZE_THREAD)
 extern "C" {
 void* malloc(size_t size) { return countAllocation(), __libc_malloc(size); }
 void* calloc(size_t count, size_t size) { return countAllocation(), __libc_calloc(count, size); }
 void* realloc(void* pointer, size_t size) { return countAllocation(), __libc_realloc(pointer, size); }
 }
+#endif
 
 namespace {
 
@@ -393,11 +402,13 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&window));
         for (const auto& show : shows) {
             const Shown shown = captureStandardError([&strings, &show]() { (strings.*show.first)(); });
-            QCOMPARE(shown.allocations, 0L);
+            if (s_hooked)
+                QCOMPARE(shown.allocations, 0L);
             QVERIFY2(shown.text.startsWith(show.second), qPrintable(shown.text));
         }
         // The hook does see allocations.
-        QVERIFY(captureStandardError([]() { QString made = QString::number(123456789); }).allocations > 0);
+        if (s_hooked)
+            QVERIFY(captureStandardError([]() { QString made = QString::number(123456789); }).allocations > 0);
 
         // The drive of the temporary folder, which must exist to be taken: cut at the first ':'
         // only; without one the whole path stays, then ":\" follows. Copies keep the prepared
@@ -420,6 +431,8 @@ private slots:
             QCOMPARE(shownText(assigned, &CErrStrings::ShowSmallFreeSpaceDialog), expected);
             QVERIFY(!shownText(strings, &CErrStrings::ShowSmallFreeSpaceDialog).contains(drive));
         }
+        if (!s_hooked)
+            QSKIP("texts checked; allocations not counted: the sanitizer owns malloc, no hook can replace it");
     }
 
     // A test catalogue with one entry per translation context shows that each text is
