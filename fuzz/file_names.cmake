@@ -5,7 +5,8 @@ set(_fileManagementDir ${PROJECT_SOURCE_DIR}/modules/utilsDll)
 if(WIN32)
     set(_fileManagementPlatform ${_fileManagementDir}/platform/win/FileManagement.cpp)
 else()
-    set(_fileManagementPlatform ${_fileManagementDir}/platform/linux/FileManagement.cpp)
+    set(_fileManagementPlatform ${_fileManagementDir}/platform/linux/FileManagement.cpp
+        ${_fileManagementDir}/platform/linux/RenameNoReplace.cpp)
 endif()
 utilsdll_add_fuzzer(fuzz_file_names
     SOURCES
