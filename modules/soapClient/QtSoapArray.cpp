@@ -261,8 +261,7 @@ QtSoapType& QtSoapArray::at(int pos)
     const auto found = items.constFind(pos);
     if (found != items.constEnd())
         return *found.value();
-    static QtSoapType notFound;
-    return notFound;
+    return SoapNames::missingValue(SoapNames::MissingValue::ArrayByIndex);
 }
 
 QtSoapType& QtSoapArray::at(int pos0, int pos1) { return at(linearKey(pos0, pos1)); }

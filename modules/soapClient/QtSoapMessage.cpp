@@ -66,15 +66,28 @@ QtSoapMessage& QtSoapMessage::operator=(const QtSoapMessage& copy)
 
 QtSoapMessage::~QtSoapMessage() = default;
 
-// Runs at every construction, so a caller's change to one of these prefixes is
-// undone by the next message.
-void QtSoapMessage::init()
+namespace {
+
+void registerMessageNamespaces()
 {
     QtSoapNamespaces& table = QtSoapNamespaces::instance();
     table.registerNamespace(QStringLiteral("SOAP-ENV"), SoapNames::envelopeUri());
     table.registerNamespace(QStringLiteral("SOAP-ENC"), SoapNames::encodingUri());
     table.registerNamespace(QStringLiteral("xsi"), SoapNames::schemaInstanceUri());
     table.registerNamespace(QStringLiteral("xsd"), SoapNames::schemaUri());
+}
+
+} // namespace
+
+// Runs at every construction, so a caller's change to one of these prefixes is
+// undone by the next message. The first messages may be built on several threads at
+// once: one of them fills the table while the others wait, and from then on a
+// registration that changes nothing writes nothing.
+void QtSoapMessage::init()
+{
+    static const bool filled = (registerMessageNamespaces(), true);
+    Q_UNUSED(filled);
+    registerMessageNamespaces();
 }
 
 void QtSoapMessage::clear()

@@ -26,13 +26,14 @@ QtSoapNamespaces& QtSoapNamespaces::instance()
 
 void QtSoapNamespaces::registerNamespace(const QString& prefix, const QString& uri)
 {
-    // Every message construction registers the same four prefixes again; only a real
-    // change makes the cached names out of date.
-    QString& stored = namespaceMap[uri];
-    if (stored != prefix || stored.isNull() != prefix.isNull()) {
-        stored = prefix;
-        ++tableVersion;
-    }
+    // Every message construction registers the same four prefixes again, from any
+    // thread: a registration that changes nothing only reads, so those threads share
+    // no write. Only a real change makes the cached names out of date.
+    const auto found = namespaceMap.constFind(uri);
+    if (found != namespaceMap.constEnd() && *found == prefix && found->isNull() == prefix.isNull())
+        return;
+    namespaceMap.insert(uri, prefix);
+    ++tableVersion;
 }
 
 QString QtSoapNamespaces::prefixFor(const QString& uri)

@@ -9,7 +9,8 @@ namespace VEXA_NAMESPACE {
 
 // Process-wide table from namespace URI to the prefix written on the wire. It is
 // empty until the first QtSoapMessage registers the SOAP and schema namespaces.
-// Shared and unlocked: fill it before messages are built on several threads.
+// Shared and unlocked: messages fill it safely from any thread, but a caller's own
+// registration must come before messages are built on several threads.
 class UTILSDLL_EXPORT QtSoapNamespaces
 {
 public:

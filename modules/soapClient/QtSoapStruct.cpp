@@ -48,8 +48,7 @@ QtSoapType& QtSoapStruct::at(const QtSoapQName& key)
         if (member->name() == key)
             return *member;
     }
-    static QtSoapType notFound;
-    return notFound;
+    return SoapNames::missingValue(SoapNames::MissingValue::StructByName);
 }
 
 const QtSoapType& QtSoapStruct::at(const QtSoapQName& key) const
@@ -82,8 +81,7 @@ QtSoapType& QtSoapStruct::operator[](int pos)
 {
     if (pos >= 0 && pos < items.count() && items.at(pos).ptr())
         return *items.at(pos);
-    static QtSoapType notFound;
-    return notFound;
+    return SoapNames::missingValue(SoapNames::MissingValue::StructByIndex);
 }
 
 // No type attribute of any kind on a struct: the envelope, header and body are

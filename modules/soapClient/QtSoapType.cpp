@@ -2,7 +2,10 @@
 
 #include "SoapNames.h"
 
+#include <QtGlobal>
+
 #include <algorithm>
+#include <functional>
 #include <vector>
 
 namespace VEXA_NAMESPACE {
@@ -80,6 +83,12 @@ const SharedTypeNames& sharedTypeNames()
     return shared;
 }
 
+const QtSoapType* missingValues()
+{
+    static const QtSoapType values[int(SoapNames::MissingValue::Count)];
+    return values;
+}
+
 } // namespace
 
 QtSoapQName::QtSoapQName(const QString& name, const QString& uri)
@@ -116,7 +125,20 @@ QtSoapType::QtSoapType(const QtSoapQName& name, Type type)
 }
 
 QtSoapType::QtSoapType(const QtSoapType& copy) = default;
-QtSoapType& QtSoapType::operator=(const QtSoapType& copy) = default;
+
+QtSoapType& QtSoapType::operator=(const QtSoapType& copy)
+{
+    if (SoapNames::refusesWrite(this, "operator="))
+        return *this;
+    typeCode = copy.typeCode;
+    errorText = copy.errorText;
+    identifier = copy.identifier;
+    qualifiedName = copy.qualifiedName;
+    spareText = copy.spareText;
+    reference = copy.reference;
+    return *this;
+}
+
 QtSoapType::~QtSoapType() = default;
 
 void QtSoapType::clear() {}
@@ -125,8 +147,8 @@ bool QtSoapType::isValid() const { return false; }
 int QtSoapType::count() const { return 0; }
 QVariant QtSoapType::value() const { return QVariant(); }
 
-// Each form has its own shared "no such value" object. The mutable forms hand out
-// a writable reference to it; callers only ever test it with isValid().
+// Each form has its own shared "no such value" object. The mutable forms hand out a
+// mutable reference to it, which refuses every write; callers test it with isValid().
 const QtSoapType& QtSoapType::operator[](const QString&) const
 {
     static const QtSoapType notFound;
@@ -145,23 +167,9 @@ const QtSoapType& QtSoapType::operator[](int) const
     return notFound;
 }
 
-QtSoapType& QtSoapType::operator[](const QString&)
-{
-    static QtSoapType notFound;
-    return notFound;
-}
-
-QtSoapType& QtSoapType::operator[](const QtSoapQName&)
-{
-    static QtSoapType notFound;
-    return notFound;
-}
-
-QtSoapType& QtSoapType::operator[](int)
-{
-    static QtSoapType notFound;
-    return notFound;
-}
+QtSoapType& QtSoapType::operator[](const QString&) { return SoapNames::missingValue(SoapNames::MissingValue::TypeByString); }
+QtSoapType& QtSoapType::operator[](const QtSoapQName&) { return SoapNames::missingValue(SoapNames::MissingValue::TypeByName); }
+QtSoapType& QtSoapType::operator[](int) { return SoapNames::missingValue(SoapNames::MissingValue::TypeByIndex); }
 
 QDomElement QtSoapType::toDomElement(QDomDocument) const { return QDomElement(); }
 QtSoapType::Type QtSoapType::type() const { return typeCode; }
@@ -173,9 +181,23 @@ QString QtSoapType::toString() const { return QString(); }
 int QtSoapType::toInt() const { return 0; }
 bool QtSoapType::toBool() const { return false; }
 
-void QtSoapType::setName(const QtSoapQName& name) { qualifiedName = name; }
-void QtSoapType::setId(const QString& id) { identifier = id; }
-void QtSoapType::setHref(const QString& ref) { reference = ref; }
+void QtSoapType::setName(const QtSoapQName& name)
+{
+    if (!SoapNames::refusesWrite(this, "setName"))
+        qualifiedName = name;
+}
+
+void QtSoapType::setId(const QString& id)
+{
+    if (!SoapNames::refusesWrite(this, "setId"))
+        identifier = id;
+}
+
+void QtSoapType::setHref(const QString& ref)
+{
+    if (!SoapNames::refusesWrite(this, "setHref"))
+        reference = ref;
+}
 QString QtSoapType::errorString() const { return errorText; }
 
 QString QtSoapType::typeToName(Type type)
@@ -330,3 +352,19 @@ const KnownTypeName* findKnownTypeName(QStringView lowerCaseName)
 }
 
 } // namespace SoapNames
+
+VEXA_NAMESPACE::QtSoapType& SoapNames::missingValue(MissingValue form)
+{
+    // Never written: every write to one of these is refused below.
+    return const_cast<VEXA_NAMESPACE::QtSoapType&>(VEXA_NAMESPACE::missingValues()[int(form)]);
+}
+
+bool SoapNames::refusesWrite(const VEXA_NAMESPACE::QtSoapType* value, const char* operation)
+{
+    const VEXA_NAMESPACE::QtSoapType* first = VEXA_NAMESPACE::missingValues();
+    const std::less<const VEXA_NAMESPACE::QtSoapType*> before;
+    if (before(value, first) || !before(value, first + int(MissingValue::Count)))
+        return false;
+    qWarning("QtSoapType::%s: a value that was not found cannot be changed", operation);
+    return true;
+}

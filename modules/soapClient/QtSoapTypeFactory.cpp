@@ -8,7 +8,35 @@ template class QtSoapTypeConstructor<QtSoapStruct>;
 template class QtSoapTypeConstructor<QtSoapArray>;
 template class QtSoapTypeConstructor<QtSoapSimpleType>;
 
+namespace {
+
+// The calling thread's last failure of the factory.
+QString& factoryErrorText()
+{
+    thread_local QString text;
+    return text;
+}
+
+// The calling thread's last failure of each constructor.
+QHash<const QtSoapTypeConstructorBase*, QString>& constructorErrorTexts()
+{
+    thread_local QHash<const QtSoapTypeConstructorBase*, QString> texts;
+    return texts;
+}
+
+} // namespace
+
 QtSoapTypeConstructorBase::~QtSoapTypeConstructorBase() = default;
+
+QString QtSoapTypeConstructorBase::threadErrorText(const QtSoapTypeConstructorBase* constructor)
+{
+    return constructorErrorTexts().value(constructor);
+}
+
+void QtSoapTypeConstructorBase::setThreadErrorText(const QtSoapTypeConstructorBase* constructor, const QString& text)
+{
+    constructorErrorTexts().insert(constructor, text);
+}
 
 QtSoapTypeFactory::QtSoapTypeFactory()
 {
@@ -47,7 +75,7 @@ QtSoapTypeFactory& QtSoapTypeFactory::instance()
 bool QtSoapTypeFactory::registerHandler(const QString& name, QtSoapTypeConstructorBase* handler)
 {
     if (typeHandlers.contains(name)) {
-        errorText = QStringLiteral("A handler for ") + name + QStringLiteral(" is already registered.");
+        factoryErrorText() = QStringLiteral("A handler for ") + name + QStringLiteral(" is already registered.");
         return false;
     }
     typeHandlers.insert(name, handler);
@@ -87,13 +115,13 @@ QtSmartPtr<QtSoapType> QtSoapTypeFactory::soapType(QDomNode node) const
 
     QtSoapType* object = constructor->createObject(node);
     if (!object)
-        errorText = constructor->errorString();
+        factoryErrorText() = constructor->errorString();
     return QtSmartPtr<QtSoapType>(object);
 }
 
 QString QtSoapTypeFactory::errorString() const
 {
-    return errorText;
+    return factoryErrorText();
 }
 
 } // namespace VEXA_NAMESPACE

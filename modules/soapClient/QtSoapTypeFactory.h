@@ -21,6 +21,12 @@ public:
 
     virtual QtSoapType* createObject(QDomNode node) = 0;
     virtual QString errorString() const = 0;
+
+protected:
+    // The text of a constructor's last failure on the calling thread. Constructors are
+    // shared by every thread that parses, so each thread keeps its own texts.
+    static QString threadErrorText(const QtSoapTypeConstructorBase* constructor);
+    static void setThreadErrorText(const QtSoapTypeConstructorBase* constructor, const QString& text);
 };
 
 template <class T>
@@ -34,29 +40,27 @@ public:
     QtSoapTypeConstructor& operator=(QtSoapTypeConstructor&&) = default;
     ~QtSoapTypeConstructor() override = default;
 
-    // A value that fails to parse is deleted, and its error kept here.
+    // A value that fails to parse is deleted, and its error kept for the calling thread.
     QtSoapType* createObject(QDomNode node) override
     {
         T* object = new T();
         if (object->parse(node))
             return object;
-        errorText = object->errorString();
+        setThreadErrorText(this, object->errorString());
         delete object;
         return nullptr;
     }
 
-    QString errorString() const override { return errorText; }
-
-private:
-    QString errorText;
+    QString errorString() const override { return threadErrorText(this); }
 };
 
 extern template class UTILSDLL_EXPORT QtSoapTypeConstructor<QtSoapStruct>;
 extern template class UTILSDLL_EXPORT QtSoapTypeConstructor<QtSoapArray>;
 extern template class UTILSDLL_EXPORT QtSoapTypeConstructor<QtSoapSimpleType>;
 
-// Process-wide: decides from one element which kind of value it becomes. Shared
-// and unlocked, and soapType() writes the error text although it is const.
+// Process-wide: decides from one element which kind of value it becomes. Shared and
+// unlocked: register handlers before parsing on several threads. The error text is
+// kept per thread, so threads parsing at once each read their own.
 class UTILSDLL_EXPORT QtSoapTypeFactory
 {
 public:
@@ -71,13 +75,12 @@ public:
     bool registerHandler(const QString& name, QtSoapTypeConstructorBase* handler);
     // Holds a null item on failure.
     QtSmartPtr<QtSoapType> soapType(QDomNode node) const;
-    // The most recent failure only; a success does not clear it.
+    // The calling thread's most recent failure only; a success does not clear it.
     QString errorString() const;
 
 private:
     QtSoapTypeFactory();
 
-    mutable QString errorText;
     QHash<QString, QtSoapTypeConstructorBase*> typeHandlers;
     std::list<QtSoapTypeConstructorBase*> ownedConstructors;
 };

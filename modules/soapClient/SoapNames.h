@@ -50,4 +50,12 @@ const QString& schemaInstanceTypeName();
 // Raised by every change of a prefix in the namespace table.
 unsigned namespaceTableVersion();
 
+// The shared "no such value" object of each look-up that hands out a mutable
+// reference. Each is const and refuses every write (with a warning), so that threads
+// looking up at once never share a write, whatever the caller does with the reference.
+enum class MissingValue { TypeByString, TypeByName, TypeByIndex, StructByName, StructByIndex, ArrayByIndex, Count };
+VEXA_NAMESPACE::QtSoapType& missingValue(MissingValue form);
+// True, after a warning naming the operation, if `value` is one of those objects.
+bool refusesWrite(const VEXA_NAMESPACE::QtSoapType* value, const char* operation);
+
 } // namespace SoapNames
