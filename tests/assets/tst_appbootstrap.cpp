@@ -26,9 +26,7 @@ protected:
 QString writeFile(const QTemporaryDir& dir, const QString& name, const QByteArray& content)
 {
     QFile file(dir.filePath(name));
-    file.open(QIODevice::WriteOnly);
-    file.write(content);
-    return file.fileName();
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() ? file.fileName() : QString();
 }
 
 QString resourceText(const QString& path)
@@ -51,7 +49,6 @@ private slots:
         QVERIFY(Vexa::setAppStyleSheet({}, qApp).isEmpty());
         QVERIFY(Vexa::setAppStyleSheet({":/qss/custom.qss"}, nullptr).isEmpty());
         QCOMPARE(logger->linesAt('E').size(), 2);
-        QVERIFY(logger->linesAt('E').first().contains("ASSERT in"));
         QCOMPARE(qApp->styleSheet(), QStringLiteral("QWidget { color: #ababab; }"));
         logger->clear();
 
@@ -62,8 +59,7 @@ private slots:
         const QString missing = dir.filePath("missing.qss");
         QCOMPARE(Vexa::setAppStyleSheet({first, missing, QString(), second}, qApp), QStringList({first, second}));
         QCOMPARE(qApp->styleSheet(), QStringLiteral("QLabel { color: #ffffff; }QWidget { background: #1b1b1b; }"));
-        // Nothing readable: the sheet is still applied, and so becomes empty.
-        QVERIFY(Vexa::setAppStyleSheet({missing}, qApp).isEmpty());
+        QVERIFY(Vexa::setAppStyleSheet({missing}, qApp).isEmpty()); // still applied, and so empty
         QCOMPARE(qApp->styleSheet(), QString());
         QVERIFY(logger->lines().isEmpty());
 
@@ -121,13 +117,6 @@ private slots:
         QCOMPARE(logger->linesAt('E').size(), asserts);
     }
 
-    void qtPluginsDirIsDecidedOnce()
-    {
-        const QString standalone = Vexa::getQtPluginsDir(false);
-        QCOMPARE(standalone, QCoreApplication::applicationDirPath());
-        QCOMPARE(Vexa::getQtPluginsDir(true), standalone);
-    }
-
     void closeButtonToggles()
     {
         QWidget widget;
@@ -171,8 +160,7 @@ private slots:
         QCOMPARE(widget.events, QList<QEvent::Type>({QEvent::Leave, QEvent::Enter}));
         QCOMPARE(QCursor::pos(), inside);
 
-        // Qt delivers a move without buttons only to a widget that tracks the mouse.
-        widget.setMouseTracking(true);
+        widget.setMouseTracking(true); // else Qt delivers no move without buttons
         widget.events.clear();
         Vexa::synthesizeMouseEvent(&widget, inside);
         Vexa::synthesizeMouseEvent(nullptr, inside);
