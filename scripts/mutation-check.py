@@ -147,6 +147,8 @@ def main():
     limits = {}
     for labels in sorted({tuple(fault["labels"]) for fault in faults}):
         passed, _, seconds, output = ctest(build_dir, labels, args.jobs, None)
+        if not passed:  # once more, in case a busy machine made a timing test miss
+            passed, _, seconds, output = ctest(build_dir, labels, args.jobs, None)
         if not passed:
             print(output[-3000:])
             sys.exit("label(s) %s fail on the unchanged tree" % ",".join(labels))
@@ -162,7 +164,7 @@ def main():
                 text = stream.read()
             seconds_start = time.time()
             detail = ""
-            if fault["original"] not in text:
+            if text.count(fault["original"]) != 1:  # gone, or no longer says which place
                 result = "not-applicable"
             else:
                 with open(pending_path, "w", encoding="utf-8") as stream:
