@@ -11,6 +11,11 @@ that do not compile are "build-failed"; neither is counted in N.
     python3 scripts/mutation-check.py --build build --filter 'soap|S0[1-3]'
     python3 scripts/mutation-check.py --list
 
+To compare two versions of the tests on the same faults, --second-build names a
+build of the other version whose test programs load this build's library (make its
+bin/libUtilsDll.so* links to this build's files): each fault is then compiled once
+and tested by both, and the second version's lines go to --second-output.
+
 Standard library only. The source file is always restored, also on Ctrl-C or
 SIGTERM; a run killed harder leaves <build>/mutation-check.pending.json, from
 which the next run restores the file before it starts.
@@ -119,6 +124,9 @@ def main():
     parser.add_argument("--jobs", type=int, default=2, help="build and ctest jobs (default 2)")
     parser.add_argument("--list", action="store_true", help="list the faults and exit")
     parser.add_argument("--verbose", action="store_true", help="print build and test output of survivors")
+    parser.add_argument("--second-build", help="another version of the tests, loading this build's library")
+    parser.add_argument("--second-output", help="file for the second version's lines")
+    parser.add_argument("--second-filter", default="", help="faults the second version is asked about")
     args = parser.parse_args()
 
     faults = [fault for fault in load_faults(args.faults) if selected(fault, args.filter)]
@@ -155,6 +163,22 @@ def main():
         limits[labels] = max(90.0, 3 * seconds)
         print("# unchanged %-22s passes in %.0f s" % (",".join(labels), seconds), flush=True)
 
+    second = None
+    if args.second_build:
+        second = {"dir": os.path.abspath(args.second_build), "limits": {},
+                  "out": open(args.second_output or os.devnull, "w", encoding="utf-8"),
+                  "counts": {"killed": 0, "survived": 0, "not-applicable": 0, "build-failed": 0}}
+        for labels in sorted({tuple(f["labels"]) for f in faults if selected(f, args.second_filter)}):
+            passed, _, seconds, output = ctest(second["dir"], labels, args.jobs, None)
+            if not passed:
+                passed, _, seconds, output = ctest(second["dir"], labels, args.jobs, None)
+            if not passed:
+                print(output[-3000:])
+                sys.exit("label(s) %s fail unchanged in %s" % (",".join(labels), second["dir"]))
+            second["limits"][labels] = max(90.0, 3 * seconds)
+            line = "# unchanged %-22s passes in %.0f s" % (",".join(labels), seconds)
+            print(line, file=second["out"], flush=True)
+
     counts = {"killed": 0, "survived": 0, "not-applicable": 0, "build-failed": 0}
     pending_path = os.path.join(build_dir, PENDING)
     try:
@@ -180,6 +204,15 @@ def main():
                                                              limits[tuple(fault["labels"])])
                         result = "survived" if passed else "killed"
                         detail = "hang" if timed_out else first_failure(output)
+                        if second and selected(fault, args.second_filter):
+                            started_second = time.time()
+                            passed2, timed_out2, _, output2 = ctest(
+                                second["dir"], fault["labels"], args.jobs, second["limits"][tuple(fault["labels"])])
+                            result2 = "survived" if passed2 else "killed"
+                            second["counts"][result2] += 1
+                            print(fault_line(fault, result2, time.time() - started_second,
+                                             "hang" if timed_out2 else first_failure(output2)),
+                                  file=second["out"], flush=True)
                     if args.verbose and result != "killed":
                         print(output[-4000:])
                 finally:
@@ -187,21 +220,36 @@ def main():
                         stream.write(text)
                     os.remove(pending_path)
             counts[result] += 1
-            print("%-5s %-14s %-20s %4.0fs  %s: %s%s" % (
-                fault["id"], result, ",".join(fault["labels"]), time.time() - seconds_start,
-                fault["file"], fault["what"], "  [%s]" % detail if detail else ""), flush=True)
+            if second and result != "killed" and result != "survived" and selected(fault, args.second_filter):
+                second["counts"][result] += 1
+                print(fault_line(fault, result, 0, ""), file=second["out"], flush=True)
+            print(fault_line(fault, result, time.time() - seconds_start, detail), flush=True)
     except Interrupted:
         print("interrupted; the source file is restored", flush=True)
     finally:
         # Leaves the build matching the restored sources.
         build(build_dir, args.jobs)
 
+    minutes = (time.time() - started) / 60
+    print_summary(counts, minutes, sys.stdout)
+    if second:
+        print_summary(second["counts"], minutes, second["out"])
+        second["out"].close()
+    return 0
+
+
+def fault_line(fault, result, seconds, detail):
+    return "%-5s %-14s %-20s %4.0fs  %s: %s%s" % (fault["id"], result, ",".join(fault["labels"]), seconds,
+                                                fault["file"], fault["what"], "  [%s]" % detail if detail else "")
+
+
+def print_summary(counts, minutes, stream):
     counted = counts["killed"] + counts["survived"]
     print("# %d not applicable, %d did not build; %.0f minutes" % (
-        counts["not-applicable"], counts["build-failed"], (time.time() - started) / 60))
+        counts["not-applicable"], counts["build-failed"], minutes), file=stream)
     print("killed %d of %d (%.0f%%)" % (counts["killed"], counted,
-                                        100.0 * counts["killed"] / counted if counted else 0.0))
-    return 0
+                                        100.0 * counts["killed"] / counted if counted else 0.0),
+          file=stream, flush=True)
 
 
 if __name__ == "__main__":
