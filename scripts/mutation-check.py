@@ -93,8 +93,12 @@ def run(command, cwd, timeout=None):
         raise
 
 
+TARGETS = []
+
+
 def build(build_dir, jobs):
-    code, output, _ = run(["cmake", "--build", build_dir, "-j%d" % jobs], ROOT)
+    targets = ["--target"] + TARGETS if TARGETS else []
+    code, output, _ = run(["cmake", "--build", build_dir, "-j%d" % jobs] + targets, ROOT)
     return code == 0, output
 
 
@@ -123,6 +127,8 @@ def main():
     parser.add_argument("--filter", default="", help="regular expression on fault ids or labels")
     parser.add_argument("--jobs", type=int, default=2, help="build and ctest jobs (default 2)")
     parser.add_argument("--list", action="store_true", help="list the faults and exit")
+    parser.add_argument("--target", action="append", default=[],
+                        help="build only this target (repeatable; default: everything)")
     parser.add_argument("--verbose", action="store_true", help="print build and test output of survivors")
     parser.add_argument("--second-build", help="another version of the tests, loading this build's library")
     parser.add_argument("--second-output", help="file for the second version's lines")
@@ -130,6 +136,7 @@ def main():
     args = parser.parse_args()
 
     faults = [fault for fault in load_faults(args.faults) if selected(fault, args.filter)]
+    TARGETS.extend(args.target)
     if args.list:
         for fault in faults:
             print("%-5s %-22s %-48s %s" % (fault["id"], ",".join(fault["labels"]), fault["file"], fault["what"]))
