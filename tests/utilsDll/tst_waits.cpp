@@ -1,12 +1,10 @@
 // The wait primitives, the input-excluding filter and loop, and the completion waiters.
-#include "DelayedCall.h"
 #include "ExcludeUserInpuEventLoop.h"
 #include "OperationCompletionWaiter.h"
 #include "TestEnvironment.h"
 #include "WaitPrimitives.h"
 
 #include <QElapsedTimer>
-#include <QEventLoop>
 #include <QThread>
 #include <QTimer>
 
@@ -91,33 +89,6 @@ private slots:
             QCOMPARE(recorder.received, exclude ? QList<int>() : QList<int>{QEvent::KeyPress});
             QVERIFY(!applicationHasFilter());
         }
-    }
-
-    void waitsOnWorkerThreads()
-    {
-        // A worker with an event loop pumps its own queue; one without spins.
-        QAtomicInt value(0);
-        std::atomic<bool> queuedCallRan{false};
-        std::atomic<int> returned{0};
-        std::thread eventThread([&] {
-            QObject local;
-            QEventLoop givesThisThreadADispatcher;
-            QMetaObject::invokeMethod(&local, [&] { queuedCallRan = true; }, Qt::QueuedConnection);
-            waitNonBlockingAtomicIntValue(value, 1, true);
-            ++returned;
-        });
-        std::thread spinner([&] {
-            waitNonBlockingAtomicIntValue(value, 1, true);
-            ++returned;
-        });
-        const bool ranInsideTheWait = QTest::qWaitFor([&] { return queuedCallRan.load(); }, 5000);
-        const int returnedEarly = returned;
-        value.storeRelaxed(1);
-        eventThread.join();
-        spinner.join();
-        QVERIFY(ranInsideTheWait);
-        QCOMPARE(returnedEarly, 0);
-        QCOMPARE(returned.load(), 2);
     }
 
     void filterSwallowsExactlyTheTable()
