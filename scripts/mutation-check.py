@@ -167,7 +167,7 @@ def main():
         if not passed:
             print(output[-3000:])
             sys.exit("label(s) %s fail on the unchanged tree" % ",".join(labels))
-        limits[labels] = max(90.0, 3 * seconds)
+        limits[labels] = max(120.0, 4 * seconds)
         print("# unchanged %-22s passes in %.0f s" % (",".join(labels), seconds), flush=True)
 
     second = None
@@ -182,7 +182,7 @@ def main():
             if not passed:
                 print(output[-3000:])
                 sys.exit("label(s) %s fail unchanged in %s" % (",".join(labels), second["dir"]))
-            second["limits"][labels] = max(90.0, 3 * seconds)
+            second["limits"][labels] = max(120.0, 4 * seconds)
             line = "# unchanged %-22s passes in %.0f s" % (",".join(labels), seconds)
             print(line, file=second["out"], flush=True)
 
