@@ -12,9 +12,10 @@ that do not compile are "build-failed"; neither is counted in N.
     python3 scripts/mutation-check.py --list
 
 To compare two versions of the tests on the same faults, --second-build names a
-build of the other version whose test programs load this build's library (make its
-bin/libUtilsDll.so* links to this build's files): each fault is then compiled once
-and tested by both, and the second version's lines go to --second-output.
+build of the other version's tests that loads this build's library (a small project
+that imports this build's libUtilsDll.so as the UtilsDll target and adds the other
+version's test folders): each fault is then compiled once and tested by both, and the
+second version's lines go to --second-output.
 
 Standard library only. The source file is always restored, also on Ctrl-C or
 SIGTERM; a run killed harder leaves <build>/mutation-check.pending.json, from
