@@ -14,15 +14,6 @@ using namespace WinTest;
 
 namespace {
 
-IFileDialogEvents* newHandler()
-{
-    CDialogEventHandler* handler = new CDialogEventHandler();
-    IFileDialogEvents* events = nullptr;
-    handler->QueryInterface(IID_PPV_ARGS(&events));
-    handler->Release();
-    return events;
-}
-
 // What the timer did and saw while the dialog was open. Each step runs on a tick of
 // its own once the takeover is done, so a step runs only if the dialog is still open.
 struct DialogProbe
@@ -112,31 +103,6 @@ void pressOkInEveryWay(DialogProbe&)
 }
 
 } // namespace
-
-TEST(FolderDialogHandler, AnswersOnlyForFileDialogEventsAndRefusesFileOkUntilConfirmed)
-{
-    IFileDialogEvents* events = newHandler();
-    ASSERT_NE(events, nullptr);
-    IUnknown* unknown = nullptr;
-    EXPECT_EQ(events->QueryInterface(IID_PPV_ARGS(&unknown)), S_OK);
-    EXPECT_EQ(unknown, static_cast<IUnknown*>(events));
-    IFileDialogControlEvents* other = nullptr;
-    EXPECT_EQ(events->QueryInterface(IID_PPV_ARGS(&other)), E_NOINTERFACE);
-    EXPECT_EQ(other, nullptr);
-    EXPECT_EQ(unknown->Release(), 1u);
-    EXPECT_EQ(events->AddRef(), 2u);
-    EXPECT_EQ(events->Release(), 1u);
-
-    EXPECT_EQ(events->OnFolderChanging(nullptr, nullptr), S_OK);
-    EXPECT_EQ(events->OnSelectionChange(nullptr), S_OK);
-    EXPECT_EQ(events->OnTypeChange(nullptr), S_OK);
-    ASSERT_FALSE(s_confirmed);
-    EXPECT_EQ(events->OnFileOk(nullptr), S_FALSE); // the dialog stays open
-    s_confirmed = true;
-    EXPECT_EQ(events->OnFileOk(nullptr), S_OK);
-    s_confirmed = false;
-    EXPECT_EQ(events->Release(), 0u);
-}
 
 TEST(FolderDialog, OnlyTheMouseReleaseOverOkConfirmsAndClosingAnswersNothing)
 {

@@ -5,18 +5,19 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QDomDocument>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTranslator>
 
 #include <stdexcept>
 
 using Vexa::CLanguageManager;
-using UtilsDllTest::ScopedTestLogger;
 
 namespace {
 
-// Reaches the protected table lookups.
+// Reaches the protected table lookup.
 class LanguageTable : public CLanguageManager
 {
 public:
@@ -40,6 +41,32 @@ QStringList installedCatalogues()
     return files;
 }
 
+// Each message of a committed catalogue as context, source, translation and whether it is finished.
+QList<QStringList> readCatalogue(const QString& language)
+{
+    QFile file(QStringLiteral(TRANSLATION_SOURCE_DIR "/vexa_%1.ts").arg(language));
+    QDomDocument document;
+    document.setContent(&file);
+    QList<QStringList> messages;
+    const QDomNodeList nodes = document.elementsByTagName("message");
+    for (int i = 0; i < nodes.size(); ++i) {
+        const QDomElement message = nodes.at(i).toElement();
+        const QDomElement translation = message.firstChildElement("translation");
+        messages.append({message.parentNode().firstChildElement("name").text(), message.firstChildElement("source").text(),
+                         translation.text(), translation.hasAttribute("type") ? "unfinished" : "finished"});
+    }
+    return messages;
+}
+
+QStringList placeholdersAndTags(const QString& text)
+{
+    QStringList found;
+    for (auto it = QRegularExpression("%\\d+|<[^>]+>").globalMatch(text); it.hasNext();)
+        found.append(it.next().captured());
+    found.sort(); // a translation may reorder "%1" and "%2"
+    return found;
+}
+
 } // namespace
 
 class TestLanguageManager : public QObject
@@ -50,55 +77,46 @@ private slots:
     {
         QCOMPARE(CLanguageManager::currentLanguageNumber(), 1033u);
         QCOMPARE(manager()->settingsAbbrv(), QStringLiteral("en"));
-        QCOMPARE(manager()->langCount(), 0);
         QCOMPARE(manager()->loadedLanguageID(), 0xFFFFFFFFu);
+        Vexa::CSettings().setValue("VexaAppLanguage", "not a number");
+        QCOMPARE(CLanguageManager::currentLanguageNumber(), 1033u);
+        Vexa::CSettings().remove("VexaAppLanguage");
     }
 
     void modelListsTheProductCatalogues()
     {
         manager()->loadLanguages();
-        manager()->loadLanguages(); // built once: the second call adds nothing
+        manager()->loadLanguages(); // built once
         QStandardItemModel* model = manager()->model();
         QCOMPARE(model->columnCount(), 4);
-        QCOMPARE(manager()->langCount(), 5);
-        QMap<QString, QString> rows;
+        QStringList rows;
         for (int row = 0; row < model->rowCount(); ++row) {
             QStringList cells;
             for (int column = 0; column < 4; ++column)
                 cells << model->index(row, column).data().toString();
-            rows[cells.at(3)] = cells.join('|');
+            rows << cells.join('|');
         }
-        QCOMPARE(rows.value("en"), QStringLiteral("English|1033|:/translations/vexa_en.qm|en"));
-        QCOMPARE(rows.value("de"), QStringLiteral("Deutsch|1031|:/translations/vexa_de.qm|de"));
-        QCOMPARE(rows.value("fr"), QStringLiteral("Français|1036|:/translations/vexa_fr.qm|fr"));
-        QCOMPARE(rows.value("ja"), QStringLiteral("日本語|1041|:/translations/vexa_ja.qm|ja"));
-        QCOMPARE(rows.value("zh-CN"), QStringLiteral("简体中文|2052|:/translations/vexa_zh-CN.qm|zh-CN"));
+        rows.sort();
+        QCOMPARE(rows, (QStringList{"Deutsch|1031|:/translations/vexa_de.qm|de", "English|1033|:/translations/vexa_en.qm|en",
+                                    "Français|1036|:/translations/vexa_fr.qm|fr", "日本語|1041|:/translations/vexa_ja.qm|ja",
+                                    "简体中文|2052|:/translations/vexa_zh-CN.qm|zh-CN"}));
         QCOMPARE(manager()->getLangIdFromIndex(rowOf("fr")), 1036u);
         QCOMPARE(manager()->getLangIdFromIndex(99), 0u);
     }
 
-    // The model pins every pair; here the lookups both ways and their refusals.
-    void numberAndAbbreviationTable_data()
-    {
-        QTest::addColumn<unsigned>("number");
-        QTest::addColumn<QString>("abbreviation");
-        QTest::newRow("en") << 1033u << "en";
-        QTest::newRow("zh-CN") << 2052u << "zh-CN";
-    }
     void numberAndAbbreviationTable()
     {
-        QFETCH(unsigned, number);
-        QFETCH(QString, abbreviation);
-        QCOMPARE(CLanguageManager::stringFromCodeLanguage(number), abbreviation);
-        QCOMPARE(LanguageTable::codeLanguageFromString(abbreviation), number);
-        QVERIFY_EXCEPTION_THROWN(LanguageTable::codeLanguageFromString(abbreviation.toUpper() + "x"),
-                                 std::invalid_argument);
+        for (const auto& [number, abbreviation] : {qMakePair(1033u, QString("en")), qMakePair(2052u, QString("zh-CN"))}) {
+            QCOMPARE(CLanguageManager::stringFromCodeLanguage(number), abbreviation);
+            QCOMPARE(LanguageTable::codeLanguageFromString(abbreviation), number);
+        }
         try {
-            CLanguageManager::stringFromCodeLanguage(number + 1);
+            LanguageTable::codeLanguageFromString("EN");
             QFAIL("no exception");
         } catch (const std::invalid_argument& error) {
-            QCOMPARE(QString(error.what()), QString("The argument %1 does not refer to a valid language").arg(number + 1));
+            QCOMPARE(QString(error.what()), QString("The argument EN does not refer to a valid language, defaulting to English"));
         }
+        QVERIFY_EXCEPTION_THROWN(CLanguageManager::stringFromCodeLanguage(1034), std::invalid_argument);
     }
 
     void loadForAppThenChangeToTheCurrentRow()
@@ -106,9 +124,7 @@ private slots:
         manager()->loadLanguageForApp();
         QCOMPARE(manager()->loadedLanguageID(), 1033u);
         QCOMPARE(installedCatalogues(), QStringList{"vexa_en.qm"});
-        QCOMPARE(QLocale().language(), QLocale::English);
         QCOMPARE(QCoreApplication::translate("CLanguageManager", "language name"), QStringLiteral("English"));
-
         QSignalSpy changed(manager(), &CLanguageManager::languageChanged);
         QVERIFY(!manager()->changeLanguage(rowOf("en")));
         QCOMPARE(changed.count(), 0);
@@ -118,57 +134,58 @@ private slots:
     void changesLeaveTheApplicationCatalogueBehind()
     {
         QSignalSpy changed(manager(), &CLanguageManager::languageChanged);
-
-        // English has no toolkit catalogue: its application catalogue is the tracked one.
         QVERIFY(manager()->changeLanguage(rowOf("fr")));
-        QCOMPARE(changed.count(), 1);
-        QCOMPARE(CLanguageManager::currentLanguageNumber(), 1036u);
         QCOMPARE(Vexa::CSettings().value("VexaAppLanguage").toUInt(), 1036u);
         QCOMPARE(installedCatalogues(), QStringList({"vexa_fr.qm", "qt_fr.qm"}));
-        QCOMPARE(QCoreApplication::translate("QObject", "MB"), QStringLiteral("Mo"));
         QCOMPARE(QLocale().language(), QLocale::French);
 
         // Only the toolkit catalogue of French goes; its application catalogue stays.
         QVERIFY(manager()->changeLanguage(rowOf("de")));
         QCOMPARE(changed.count(), 2);
         QCOMPARE(installedCatalogues(), QStringList({"vexa_fr.qm", "vexa_de.qm", "qt_de.qm"}));
-        QCOMPARE(QCoreApplication::translate("QObject", "in"), QStringLiteral("Zoll"));
         QCOMPARE(manager()->currentLanguageAbbrv(), QStringLiteral("de"));
-        QCOMPARE(manager()->currentLanguageIndex(), rowOf("de"));
         QCOMPARE(manager()->loadedLanguageID(), 1031u);
-        // The embedded toolkit catalogue reaches Qt's own widgets.
-        QDialogButtonBox box(QDialogButtonBox::Cancel);
+        QDialogButtonBox box(QDialogButtonBox::Cancel); // Qt's own widgets are translated too
         QCOMPARE(box.button(QDialogButtonBox::Cancel)->text(), QStringLiteral("Abbrechen"));
-
-        QVERIFY(manager()->changeLanguage(rowOf("ja")));
-        QCOMPARE(manager()->loadedLanguageID(), 1041u);
-        QCOMPARE(QLocale().language(), QLocale::Japanese);
-        QCOMPARE(installedCatalogues(), QStringList({"vexa_fr.qm", "vexa_de.qm", "vexa_ja.qm", "qt_ja.qm"}));
-        QCOMPARE(manager()->settingsAbbrv(), QStringLiteral("ja"));
     }
 
     void changeToNoRow()
     {
         QSignalSpy changed(manager(), &CLanguageManager::languageChanged);
         const QStringList before = installedCatalogues();
-        ScopedTestLogger logger;
-
+        UtilsDllTest::ScopedTestLogger logger;
         QVERIFY(manager()->changeLanguage(-1));
         QCOMPARE(changed.count(), 1);
         QCOMPARE(CLanguageManager::currentLanguageNumber(), 0u);
         QCOMPARE(installedCatalogues(), before);
-        QCOMPARE(manager()->loadedLanguageID(), 1041u);
-        QCOMPARE(QLocale().language(), QLocale::Japanese);
-
+        QCOMPARE(manager()->loadedLanguageID(), 1031u);
         QCOMPARE(manager()->currentLanguageIndex(), -1);
         QVERIFY(logger->linesAt('E').contains("Cannot find language with ID: 0"));
-        QCOMPARE(manager()->currentLanguageAbbrv(), QString());
-        logger->clear();
         QCOMPARE(manager()->settingsAbbrv(), QString());
-        QCOMPARE(logger->linesAt('D'), QStringList{"The argument 0 does not refer to a valid language"});
+        QVERIFY(!manager()->changeLanguage(99)); // the same number again is no change
+    }
 
-        // The same number again is no change.
-        QVERIFY(!manager()->changeLanguage(99));
+    // The committed catalogues against the English one, and as the library embeds them:
+    // an entry left unfinished or a lost %1 shows up here, not on a user's screen.
+    void cataloguesAreCompleteAndEmbedded()
+    {
+        QSet<QString> referenceKeys;
+        for (const QStringList& message : readCatalogue("en"))
+            referenceKeys.insert(message[0] + '|' + message[1]);
+        QVERIFY(referenceKeys.size() > 40);
+        for (const char* language : {"de", "en", "fr", "ja", "zh-CN"}) {
+            QTranslator compiled;
+            QVERIFY(compiled.load(QString(":/translations/vexa_%1.qm").arg(language)));
+            QSet<QString> keys;
+            for (const QStringList& message : readCatalogue(language)) {
+                const QString where = QString(language) + ": " + message[0] + " / " + message[1];
+                keys.insert(message[0] + '|' + message[1]);
+                QVERIFY2(message[3] == "finished" && !message[2].trimmed().isEmpty(), qPrintable(where));
+                QVERIFY2(placeholdersAndTags(message[2]) == placeholdersAndTags(message[1]), qPrintable(where));
+                QCOMPARE(compiled.translate(qPrintable(message[0]), qPrintable(message[1])), message[2]);
+            }
+            QCOMPARE(keys, referenceKeys);
+        }
     }
 };
 

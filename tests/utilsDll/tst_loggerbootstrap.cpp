@@ -76,8 +76,6 @@ private slots:
         QTest::addColumn<int>("levelCode");
         QTest::newRow("absent") << QString() << int('D');
         QTest::newRow("long text: its first letter") << "Error" << int('E');
-        QTest::newRow("empty") << "" << 0;
-        QTest::newRow("latin-1") << QString::fromUtf8("\u00e9") << 0xe9;
         QTest::newRow("beyond 8 bits") << QString::fromUtf8("\u0416x") << 0;
     }
     void moduleReceivesFolderNameLevelAndHeader()
@@ -92,11 +90,8 @@ private slots:
 
         const QStringList record = readLines(recordFile());
         QCOMPARE(record.size(), 6);
-        QCOMPARE(record[0], QString("loaded"));
-        QCOMPARE(record[1], QString("initialize|%1|probe.log|%2").arg(logsFolder()).arg(levelCode));
-        QVERIFY2(QRegularExpression(R"(^log\|D\|Current time \(UTC\): \d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ$)")
-                     .match(record[2]).hasMatch(), qPrintable(record[2]));
-        QVERIFY(!userId().isEmpty());
+        QCOMPARE(record.mid(0, 2), (QStringList{"loaded", QString("initialize|%1|probe.log|%2").arg(logsFolder()).arg(levelCode)}));
+        QVERIFY(QRegularExpression(R"(^log\|D\|Current time \(UTC\): \d{4}-\d\d-\d\dT\d\d:\d\d:\d\dZ$)").match(record[2]).hasMatch());
         QCOMPARE(record.mid(3), (QStringList{"log|D|Vexa Rectivo 3 Version: 3.2.0.254", "log|D|UID: " + userId(),
                                              "log|D|CE version: 9.1.4.2102231203"}));
     }
@@ -109,7 +104,7 @@ private slots:
                  QString("Initializing logger in %1 / D\nresult: module\n").arg(logsFolder()));
         QCOMPARE(m_err, QString());
 
-        // The header's text is pinned above; here: four header lines, the assertion, then every thread line whole.
+        // Four header lines, the assertion, then every thread line whole.
         const QStringList log = readLines(logsFolder() + "probe.log");
         QCOMPARE(log.size(), 4 + 1 + threads * lines);
         QVERIFY2(log[4].endsWith(" E " + probeAssertLine()), qPrintable(log[4]));

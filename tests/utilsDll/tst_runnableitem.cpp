@@ -1,5 +1,4 @@
 #include "RunnableItem.h"
-
 #include "TestEnvironment.h"
 
 #include <QSignalSpy>
@@ -8,34 +7,32 @@
 #include <QTimer>
 
 #include <atomic>
+#include <memory>
 #include <stdexcept>
 #include <thread>
+#include <vector>
 
 namespace {
 
-// What an item shares with its test: all atomic and outside the item, so that a test
-// may destroy the item while execute still runs.
+// Kept outside the item, so that a test may destroy the item while execute still runs.
 struct WorkState
 {
     std::atomic<bool> release{false}, throwInExecute{false}, pollingLeft{false}, executeLeft{false};
-    std::atomic<int> slowTailMs{0}, executeCalls{0}, beforeStoppedCalls{0}, stoppedCalls{0};
+    std::atomic<int> slowTailMs{0}, executeCalls{0}, hookCalls{0};
 };
 
-// Works until released or stopped, polling stopRequired.
+// Works until released or stopped, polling stopRequired; stopped() says no to every stop.
 class PollingItem : public CQRunnableItem
 {
     Q_OBJECT
 public:
-    explicit PollingItem(WorkState& state, bool emitting = true)
-        : CQRunnableItem(emitting)
-        , m_state(state)
+    explicit PollingItem(WorkState& state, bool emitting = true, bool stubborn = false)
+        : CQRunnableItem(emitting), m_state(state), m_stubborn(stubborn)
     {
         setAutoDelete(false);
     }
-
-    using CRunnableItem<QRunnable>::entriesCounter;
     using CRunnableItem<QRunnable>::setStopFlag;
-    bool flag() const { return stopFlag(); }
+    bool stopRequired() const override { return !m_stubborn && CQRunnableItem::stopRequired(); }
 
 protected:
     bool execute() override
@@ -48,25 +45,16 @@ protected:
         while (!state.release && !(stopped = stopRequired()))
             QThread::msleep(1);
         state.pollingLeft = true;
-        // The slow tail touches nothing of the item, which may be under destruction.
-        QThread::msleep(state.slowTailMs);
+        QThread::msleep(state.slowTailMs); // touches nothing of the item, which may be going
         state.executeLeft = true;
         return !stopped;
     }
-    void doBeforeStopped() override { ++m_state.beforeStoppedCalls; }
-    void doStopped() override { ++m_state.stoppedCalls; }
+    void doBeforeStopped() override { ++m_state.hookCalls; }
+    void doStopped() override { ++m_state.hookCalls; }
 
 private:
     WorkState& m_state;
-};
-
-// Says no to every stop, having the last word over the flag.
-class StubbornItem : public PollingItem
-{
-    Q_OBJECT
-public:
-    using PollingItem::PollingItem;
-    bool stopRequired() const override { return false; }
+    bool m_stubborn;
 };
 
 } // namespace
@@ -81,31 +69,29 @@ private slots:
         QThreadPool pool;
         pool.setMaxThreadCount(itemCount);
         WorkState states[itemCount];
-        QList<PollingItem*> items;
+        std::vector<std::unique_ptr<PollingItem>> items;
         QList<QVariantList> finishedArguments[itemCount];
         for (int i = 0; i < itemCount; ++i) {
-            items << new PollingItem(states[i]);
-            // Emitted on a pool thread, and queued to this one.
-            connect(items[i], &CQRunnableItem::finished, this,
+            items.emplace_back(new PollingItem(states[i]));
+            connect(items[i].get(), &CQRunnableItem::finished, this,
                     [&finishedArguments, i](bool ok, bool stopped) { finishedArguments[i] << QVariantList{ok, stopped}; });
-            pool.start(items[i]);
+            pool.start(items[i].get());
         }
-        for (PollingItem* item : items) {
+        for (auto& item : items) {
             item->waitStartBlocking();
             QVERIFY(item->isStarted() && !item->isFinished());
             item->stop();
         }
         std::thread watcher([&] { // another thread waits for the finish
-            for (PollingItem* item : items)
+            for (auto& item : items)
                 item->waitFinishBlocking();
         });
         watcher.join();
         QVERIFY(pool.waitForDone(5000));
         for (int i = 0; i < itemCount; ++i) {
             QTRY_COMPARE(finishedArguments[i], QList<QVariantList>{(QVariantList{false, true})});
-            QVERIFY(states[i].stoppedCalls == 1 && items[i]->isFinished());
+            QVERIFY(states[i].hookCalls == 2 && items[i]->isFinished());
         }
-        qDeleteAll(items);
     }
 
     void stopBeforeRun_data()
@@ -122,64 +108,37 @@ private slots:
         QSignalSpy started(&item, &CQRunnableItem::started);
         QSignalSpy wantsToStop(&item, &CQRunnableItem::wantsToStop);
         QSignalSpy finished(&item, &CQRunnableItem::finished);
-        // Never run and finished look alike.
         QVERIFY(item.isFinished() && !item.isStarted() && !item.stopRequired());
-        item.waitFinishBlocking();
-
-        // A second stop changes nothing: hooks and signal once.
         item.stop();
-        item.stop();
-        QCOMPARE(state.beforeStoppedCalls.load(), 1);
-        QCOMPARE(state.stoppedCalls.load(), 1);
+        item.stop(); // changes nothing: hooks and signal once
+        QCOMPARE(state.hookCalls.load(), 2);
         QCOMPARE(wantsToStop.count(), emitting ? 1 : 0);
-        QVERIFY(item.stopRequired());
+        item.run(); // does nothing at all
+        QCOMPARE(state.executeCalls + started.count() + finished.count(), 0);
 
-        // The later run does nothing at all: no section, no execute, no signal.
-        item.run();
-        QCOMPARE(state.executeCalls.load(), 0);
-        QCOMPARE(started.count() + finished.count(), 0);
-
-        // Clearing the flag readies the item again; a released run then goes all the way,
-        // and finishing by itself calls no hook.
+        // Clearing the flag readies the item again; finishing by itself calls no hook.
         item.setStopFlag(false);
         state.release = true;
         item.run();
-        QCOMPARE(state.executeCalls.load(), 1);
+        QCOMPARE(state.executeCalls + state.hookCalls, 3);
         QCOMPARE(started.count(), emitting ? 1 : 0);
         QCOMPARE(finished.count(), emitting ? 1 : 0);
         if (emitting)
             QCOMPARE(finished.first(), (QVariantList{true, false}));
-        QCOMPARE(state.stoppedCalls + state.beforeStoppedCalls, 2);
-
-        // An override that answers no has the last word: flag set, no signal, one hook.
-        WorkState stubbornState;
-        StubbornItem stubborn(stubbornState, emitting);
-        QSignalSpy stubbornWantsToStop(&stubborn, &CQRunnableItem::wantsToStop);
-        stubborn.stop();
-        QVERIFY(stubborn.flag() && stubbornWantsToStop.isEmpty());
-        QCOMPARE(stubbornState.beforeStoppedCalls + stubbornState.stoppedCalls, 1);
-    }
-
-    void sectionAroundExecute()
-    {
-        WorkState state;
-        state.release = true;
-        PollingItem item(state);
-        int countAtStarted = -1;
-        int countAtFinished = -1;
-        connect(&item, &CQRunnableItem::started, this, [&] { countAtStarted = item.entriesCounter(); }, Qt::DirectConnection);
-        connect(&item, &CQRunnableItem::finished, this, [&] { countAtFinished = item.entriesCounter(); }, Qt::DirectConnection);
-        // Invoked through the meta-object, run executes synchronously on this thread.
-        QVERIFY(QMetaObject::invokeMethod(&item, "run"));
-        QCOMPARE(countAtStarted, 0);
-        QCOMPARE(countAtFinished, 0);
 
         // An exception from execute closes the section, passes through, and tells nobody.
         state.throwInExecute = true;
-        countAtFinished = -1;
         QVERIFY_EXCEPTION_THROWN(item.run(), std::runtime_error);
         QVERIFY(item.isFinished());
-        QCOMPARE(countAtFinished, -1);
+        QCOMPARE(finished.count(), emitting ? 1 : 0);
+
+        // An override that answers no has the last word: no signal, one hook.
+        WorkState stubbornState;
+        PollingItem stubborn(stubbornState, emitting, true);
+        QSignalSpy stubbornWantsToStop(&stubborn, &CQRunnableItem::wantsToStop);
+        stubborn.stop();
+        QVERIFY(stubbornWantsToStop.isEmpty());
+        QCOMPARE(stubbornState.hookCalls.load(), 1);
     }
 
     void interruptedThreadSeesStopRequired()
@@ -188,19 +147,17 @@ private slots:
         state.release = true;
         PollingItem item(state);
         std::atomic<bool> seenOnInterrupted{false};
-        QThread* thread = QThread::create([&] {
+        std::unique_ptr<QThread> thread(QThread::create([&] {
             QThread::currentThread()->requestInterruption();
             seenOnInterrupted = item.stopRequired();
-            item.run(); // a no-op on an interrupted thread
-            item.stop(); // and so is stop: no hooks
-        });
+            item.run(); // a no-op on an interrupted thread, and so is stop
+            item.stop();
+        }));
         thread->start();
         QVERIFY(thread->wait(5000));
-        delete thread;
         QVERIFY(seenOnInterrupted);
-        QCOMPARE(state.executeCalls + state.beforeStoppedCalls, 0);
-        // The asking thread counts: here, on an uninterrupted thread, nothing is required.
-        QVERIFY(!item.stopRequired() && !item.flag());
+        QCOMPARE(state.executeCalls + state.hookCalls, 0);
+        QVERIFY(!item.stopRequired()); // the asking thread counts
     }
 
     void destructorWaitsForExecute()
@@ -220,8 +177,7 @@ private slots:
 
     void waitsFromGuiThreadPumpEvents()
     {
-        // The release comes from this thread's own timer: only a pumping wait sees it,
-        // also with input excluded.
+        // The release comes from this thread's own timer: only a pumping wait sees it.
         WorkState state;
         PollingItem item(state);
         QThreadPool pool;
