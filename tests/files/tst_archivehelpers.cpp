@@ -1,4 +1,5 @@
 #include "ArchiveHelpers.h"
+#include "FileTestHelpers.h"
 #include "TestEnvironment.h"
 
 #include <quazip.h>
@@ -10,6 +11,8 @@
 #include <QTemporaryDir>
 
 using namespace VEXA_NAMESPACE;
+using UtilsDllTest::readFile;
+using UtilsDllTest::writeFile;
 
 namespace {
 
@@ -44,18 +47,6 @@ bool makeArchive(const QString& path, const QList<Entry>& entries)
     }
     zip.close();
     return zip.getZipError() == ZIP_OK;
-}
-
-bool writeFile(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-}
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 // Every file, folder and link below root, relative to it.

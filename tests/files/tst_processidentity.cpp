@@ -1,4 +1,5 @@
 #include "ProcessIdentity.h"
+#include "FileTestHelpers.h"
 #include "TestEnvironment.h"
 
 #include "PeSamples.h"
@@ -14,14 +15,9 @@
 #include <cstring>
 
 using namespace VexaPlatform;
+using UtilsDllTest::readFile;
 
 namespace {
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 QString sample(const char* name)
 {
