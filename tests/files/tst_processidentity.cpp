@@ -105,9 +105,11 @@ private slots:
         QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName(UtilsDll::currentProcessName())));
         QVERIFY(!executableFileVersion(QCoreApplication::applicationFilePath().toStdWString()).found);
 
-        // A copy of sleep under a Windows-like name stands for the host process.
+        // A copy of sleep under a Windows-like name stands for the host process; the name is
+        // this process's own, since other test runs on the machine may hold a host of their own.
         QTemporaryDir folder;
-        const QString host = folder.filePath("host.exe");
+        const QString name = QStringLiteral("host-%1.exe").arg(QCoreApplication::applicationPid());
+        const QString host = folder.filePath(name);
         QVERIFY(QFile::copy("/bin/sleep", host));
         QProcess process;
         process.start(host, QStringList() << "30");
@@ -119,8 +121,8 @@ private slots:
                 return QString::compare(QString::fromStdWString(baseName), name, Qt::CaseInsensitive) == 0;
             }));
         };
-        QCOMPARE(find("HOST.EXE"), host);
-        QCOMPARE(find("host"), QString()); // the whole name, extension included
+        QCOMPARE(find(name.toUpper()), host);
+        QCOMPARE(find(name.chopped(4)), QString()); // the whole name, extension included
     }
 
     void readsVersionFromPeSamples_data()
