@@ -254,6 +254,7 @@ private slots:
         QVERIFY(empty.setContent(envelopeWithBody("")));
         QVERIFY(!empty.method().isValid() && !empty.returnValue().isValid() && !empty.isFault());
         empty.setFaultCode(QtSoapMessage::Client);
+        QVERIFY(empty.toXmlString(0).contains(QLatin1String(">SOAP-ENV:Client</Faultcode>")));
         QtSoapMessage written;
         QVERIFY(written.setContent(empty.toXmlString(0).toUtf8()));
         QCOMPARE(written.faultCode(), QtSoapMessage::Client);

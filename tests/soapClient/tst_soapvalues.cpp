@@ -121,6 +121,7 @@ private slots:
         QTest::newRow("xsi int") << "<v xmlns:xsi='urn:i' xsi:type='xsd:int'>-42</v>" << true << int(QtSoapType::Int) << QVariant(-42);
         QTest::newRow("empty int is 0") << "<v type='int'/>" << true << int(QtSoapType::Int) << QVariant(0);
         QTest::newRow("plus sign is a type error") << "<p:v xmlns:p='urn:p' type='int'>+5</p:v>" << false << int(QtSoapType::Int) << QVariant();
+        QTest::newRow("unsignedByte is an integer too") << "<v type='unsignedByte'>+5</v>" << false << int(QtSoapType::UnsignedByte) << QVariant();
         QTest::newRow("leading colon stays Other") << "<v type=':int'>7</v>" << true << int(QtSoapType::Other) << QVariant("7");
         QTest::newRow("hexBinary is Other text") << "<v type='xsd:hexBinary'>0AFF</v>" << true << int(QtSoapType::Other) << QVariant("0AFF");
         QTest::newRow("decimal fraction reads 0") << "<v type='decimal'>1.5</v>" << true << int(QtSoapType::Decimal) << QVariant(0);
