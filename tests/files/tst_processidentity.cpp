@@ -165,7 +165,8 @@ private slots:
         QVERIFY(!readPeFileVersion(nullptr, 100).found);
     }
 
-    // Each row overwrites `bytes` bytes at `at` (little-endian) in the built PE32 image.
+    // Each row overwrites `bytes` bytes at `at` (little-endian) in the built PE32 image, or
+    // with `bytes` -1 cuts the image at `at`.
     void readsPe32UnlessMalformed_data()
     {
         QTest::addColumn<int>("at");
@@ -173,6 +174,8 @@ private slots:
         QTest::addColumn<quint64>("value");
         const int pe = 0x40, optional = 0x40 + 24, raw = 0x200;
         QTest::newRow("intact") << 0 << 0 << quint64(0);
+        QTest::newRow("cut where the version block ends") << raw + 0x58 + 92 << -1 << quint64(1);
+        QTest::newRow("cut a byte earlier") << raw + 0x58 + 91 << -1 << quint64(0);
         QTest::newRow("no MZ") << 0 << 2 << quint64(0x4D5A);
         QTest::newRow("PE offset past the end") << 0x3C << 4 << quint64(0xFFFFFFF0u);
         QTest::newRow("no PE signature") << pe << 4 << quint64(0x00004551);
@@ -193,9 +196,12 @@ private slots:
         QFETCH(int, bytes);
         QFETCH(quint64, value);
         QByteArray image = buildPe32(0x00050006, 0x00070008);
-        put(image, at, value, bytes);
+        if (bytes < 0)
+            image.truncate(at);
+        else
+            put(image, at, value, bytes);
         const PeFileVersion version = versionOf(image);
-        QCOMPARE(version.found, bytes == 0);
+        QCOMPARE(version.found, bytes == 0 || value == 1);
         if (version.found)
             QCOMPARE(QPair(version.fileVersionMS, version.fileVersionLS), QPair(0x00050006u, 0x00070008u));
     }
