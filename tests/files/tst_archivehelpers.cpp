@@ -1,4 +1,5 @@
 #include "ArchiveHelpers.h"
+#include "FileTestHelpers.h"
 #include "TestEnvironment.h"
 
 #include <quazip.h>
@@ -10,6 +11,8 @@
 #include <QTemporaryDir>
 
 using namespace VEXA_NAMESPACE;
+using UtilsDllTest::readFile;
+using UtilsDllTest::writeFile;
 
 namespace {
 
@@ -44,18 +47,6 @@ bool makeArchive(const QString& path, const QList<Entry>& entries)
     }
     zip.close();
     return zip.getZipError() == ZIP_OK;
-}
-
-bool writeFile(const QString& path, const QByteArray& content)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-}
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 // Every file, folder and link below root, relative to it.
@@ -195,22 +186,24 @@ private slots:
 
     void existingLinkInTargetIsNotFollowed()
     {
-        QTemporaryDir outside;
-        QVERIFY(QFile::link(outside.path(), m_target + "/linked"));
-        QVERIFY(writeFile(outside.filePath("kept.txt"), "original"));
-        QVERIFY(QFile::link(outside.filePath("kept.txt"), m_target + "/file-link.txt"));
+        // Beside the target, and named like it: a prefix of a path is not its folder.
+        const QString outside = m_target + "-outside";
+        QVERIFY(QDir().mkpath(outside));
+        QVERIFY(QFile::link(outside, m_target + "/linked"));
+        QVERIFY(writeFile(outside + "/kept.txt", "original"));
+        QVERIFY(QFile::link(outside + "/kept.txt", m_target + "/file-link.txt"));
         QVERIFY(makeArchive(m_archive, {{"linked/planted.txt", "x"}, {"file-link.txt", "overwritten"}, {"ok.txt", "ok"}}));
 
         QVERIFY(!plainDecompress(m_archive, m_target));
-        QCOMPARE(treeBelow(outside.path()), QStringList() << "kept.txt");
-        QCOMPARE(readFile(outside.filePath("kept.txt")), QByteArray("original"));
+        QCOMPARE(treeBelow(outside), QStringList() << "kept.txt");
+        QCOMPARE(readFile(outside + "/kept.txt"), QByteArray("original"));
         QCOMPARE(readFile(m_target + "/ok.txt"), QByteArray("ok"));
 
         const QString second = m_base->filePath("second");
         QVERIFY(QDir().mkpath(second));
-        QVERIFY(QFile::link(outside.path(), second + "/linked"));
+        QVERIFY(QFile::link(outside, second + "/linked"));
         VEXA_NAMESPACE::DecompressFiles(m_archive, second);
-        QCOMPARE(treeBelow(outside.path()), QStringList() << "kept.txt");
+        QCOMPARE(treeBelow(outside), QStringList() << "kept.txt");
     }
 
     void corruptEntryLeavesNoFile_data()

@@ -1,5 +1,6 @@
 #include "FileManagement.h"
 #include "RenameNoReplace.h"
+#include "FileTestHelpers.h"
 #include "TestEnvironment.h"
 #include "TestLogger.h"
 
@@ -11,22 +12,8 @@
 #include <cmath>
 
 using namespace VEXA_NAMESPACE;
-
-namespace {
-
-bool writeFile(const QString& path, const QByteArray& content = QByteArray("data"))
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-}
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-} // namespace
+using UtilsDllTest::readFile;
+using UtilsDllTest::writeFile;
 
 class TestFileManagement : public QObject
 {
@@ -51,9 +38,7 @@ private slots:
         QTest::newRow("separator in name") << "dir/file" << false << false;
         QTest::newRow("backslash in name") << "dir\\file" << false << false;
         for (const QChar forbidden : QStringLiteral("\"<>|?*"))
-            for (const bool isPath : {false, true})
-                QTest::addRow("%c in %s", forbidden.toLatin1(), isPath ? "path" : "name")
-                    << QString(isPath ? "dir/a" : "a") + forbidden + "b.jpg" << isPath << false;
+            QTest::addRow("%c in path", forbidden.toLatin1()) << QString("dir/a") + forbidden + "b.jpg" << true << false;
         QTest::newRow("dots inside a name") << "a..b" << false << false;
         QTest::newRow("leading parent") << "../photo.jpg" << true << false;
         QTest::newRow("resolved parent") << "dir/../photo.jpg" << true << true;
@@ -82,8 +67,7 @@ private slots:
         QTest::addColumn<int>("condition");
         QTest::addColumn<bool>("equal");
 
-        for (int condition = FullPath; condition <= BaseName; ++condition)
-            QTest::addRow("case ignored, condition %d", condition) << "dir/A.JPG" << "dir/a.jpg" << condition << true;
+        QTest::newRow("case ignored") << "dir/A.JPG" << "dir/a.jpg" << int(FullPath) << true;
         QTest::newRow("full path cleaned") << "dir/./sub/../a.jpg" << "dir/a.jpg" << int(FullPath) << true;
         QTest::newRow("full path differs") << "dir/a.jpg" << "other/a.jpg" << int(FullPath) << false;
         QTest::newRow("path and base name ignore extension") << "dir/a.jpg" << "dir/a.tif" << int(PathAndBaseName) << true;
@@ -113,20 +97,14 @@ private slots:
         QVERIFY(!VEXA_NAMESPACE::removeDirectoryContent(QDir(root.filePath("missing"))));
         QVERIFY2(!VEXA_NAMESPACE::removeDirectoryContent(dir), "an empty folder answers false");
 
-        QVERIFY(writeFile(root.filePath("one.txt")));
+        // Folders are emptied and kept, hidden files go too.
         QVERIFY(writeFile(root.filePath(".hidden")));
-        QVERIFY(VEXA_NAMESPACE::removeDirectoryContent(dir));
-        QVERIFY(!QFile::exists(root.filePath("one.txt")));
-        QVERIFY(!QFile::exists(root.filePath(".hidden")));
-
-        // Folders are emptied and kept.
         QVERIFY(dir.mkpath("sub/deeper"));
         QVERIFY(writeFile(root.filePath("sub/deeper/a.txt")));
         QVERIFY(writeFile(root.filePath("sub/b.txt")));
         QVERIFY(VEXA_NAMESPACE::removeDirectoryContent(dir));
-        QVERIFY(!QFile::exists(root.filePath("sub/deeper/a.txt")));
-        QVERIFY(!QFile::exists(root.filePath("sub/b.txt")));
-        QVERIFY(QFileInfo(root.filePath("sub/deeper")).isDir());
+        QCOMPARE(QDir(root.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList{"sub"});
+        QCOMPARE(QDir(root.filePath("sub")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList{"deeper"});
 
         // The now empty subfolder comes first and stops the walk: the file stays.
         QVERIFY(writeFile(root.filePath("kept.txt")));
@@ -176,9 +154,6 @@ private slots:
         QCOMPARE(readFile(root.filePath("renamed.txt")), QByteArray("new"));
         QVERIFY(!QFile::exists(source));
 
-        QVERIFY(QDir(root.path()).mkdir("folder"));
-        QVERIFY(renameFile(root.filePath("folder"), root.filePath("moved")));
-        QVERIFY(QFileInfo(root.filePath("moved")).isDir());
         QVERIFY(!renameFile(root.filePath("missing"), root.filePath("other")));
     }
 
@@ -264,8 +239,6 @@ private slots:
 
         QTest::newRow("precision 0 rounds to whole") << 2.345 << 0 << 2.0;
         QTest::newRow("negative precision as 0") << 2.5 << -3 << 3.0;
-        QTest::newRow("zero") << 0.0 << 3 << 0.0;
-        QTest::newRow("negative zero") << -0.0 << 3 << 0.0;
         QTest::newRow("two places, up") << 1.235001 << 2 << 1.24;
         QTest::newRow("three places, negative") << -1.23456 << 3 << -1.235;
         QTest::newRow("beyond int range") << 5e10 + 0.126 << 2 << 5e10 + 0.13;

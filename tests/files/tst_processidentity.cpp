@@ -1,4 +1,5 @@
 #include "ProcessIdentity.h"
+#include "FileTestHelpers.h"
 #include "TestEnvironment.h"
 
 #include "PeSamples.h"
@@ -14,14 +15,9 @@
 #include <cstring>
 
 using namespace VexaPlatform;
+using UtilsDllTest::readFile;
 
 namespace {
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 QString sample(const char* name)
 {
@@ -109,9 +105,11 @@ private slots:
         QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName(UtilsDll::currentProcessName())));
         QVERIFY(!executableFileVersion(QCoreApplication::applicationFilePath().toStdWString()).found);
 
-        // A copy of sleep under a Windows-like name stands for the host process.
+        // A copy of sleep under a Windows-like name stands for the host process; the name is
+        // this process's own, since other test runs on the machine may hold a host of their own.
         QTemporaryDir folder;
-        const QString host = folder.filePath("host.exe");
+        const QString name = QStringLiteral("host-%1.exe").arg(QCoreApplication::applicationPid());
+        const QString host = folder.filePath(name);
         QVERIFY(QFile::copy("/bin/sleep", host));
         QProcess process;
         process.start(host, QStringList() << "30");
@@ -123,8 +121,8 @@ private slots:
                 return QString::compare(QString::fromStdWString(baseName), name, Qt::CaseInsensitive) == 0;
             }));
         };
-        QCOMPARE(find("HOST.EXE"), host);
-        QCOMPARE(find("host"), QString()); // the whole name, extension included
+        QCOMPARE(find(name.toUpper()), host);
+        QCOMPARE(find(name.chopped(4)), QString()); // the whole name, extension included
     }
 
     // An upgrade while the program runs replaces its file; the name stays the same.
@@ -184,7 +182,8 @@ private slots:
         QVERIFY(!readPeFileVersion(nullptr, 100).found);
     }
 
-    // Each row overwrites `bytes` bytes at `at` (little-endian) in the built PE32 image.
+    // Each row overwrites `bytes` bytes at `at` (little-endian) in the built PE32 image, or
+    // with `bytes` -1 cuts the image at `at`.
     void readsPe32UnlessMalformed_data()
     {
         QTest::addColumn<int>("at");
@@ -192,6 +191,8 @@ private slots:
         QTest::addColumn<quint64>("value");
         const int pe = 0x40, optional = 0x40 + 24, raw = 0x200;
         QTest::newRow("intact") << 0 << 0 << quint64(0);
+        QTest::newRow("cut where the version block ends") << raw + 0x58 + 92 << -1 << quint64(1);
+        QTest::newRow("cut a byte earlier") << raw + 0x58 + 91 << -1 << quint64(0);
         QTest::newRow("no MZ") << 0 << 2 << quint64(0x4D5A);
         QTest::newRow("PE offset past the end") << 0x3C << 4 << quint64(0xFFFFFFF0u);
         QTest::newRow("no PE signature") << pe << 4 << quint64(0x00004551);
@@ -212,9 +213,12 @@ private slots:
         QFETCH(int, bytes);
         QFETCH(quint64, value);
         QByteArray image = buildPe32(0x00050006, 0x00070008);
-        put(image, at, value, bytes);
+        if (bytes < 0)
+            image.truncate(at);
+        else
+            put(image, at, value, bytes);
         const PeFileVersion version = versionOf(image);
-        QCOMPARE(version.found, bytes == 0);
+        QCOMPARE(version.found, bytes == 0 || value == 1);
         if (version.found)
             QCOMPARE(QPair(version.fileVersionMS, version.fileVersionLS), QPair(0x00050006u, 0x00070008u));
     }

@@ -1,9 +1,5 @@
-"""SOAP 1.1 service used by the transport's interop test.
-
-Listens on 127.0.0.1 on a free port, prints "PORT <n>" once it accepts
-connections, and serves until it is killed or its standard input closes (so
-that it never outlives a test that died before stopping it).
-"""
+"""SOAP 1.1 service for the interop tests: prints "PORT <n>" once it listens on
+127.0.0.1, and ends when killed or when its standard input closes."""
 import logging
 import os
 import sys
@@ -28,14 +24,6 @@ class InteropService(ServiceBase):
     @rpc(Unicode, _returns=Unicode)
     def echoString(ctx, text):
         return text
-
-    @rpc(Integer, _returns=Integer)
-    def echoInt(ctx, number):
-        return number
-
-    @rpc(Boolean, _returns=Boolean)
-    def echoBool(ctx, flag):
-        return flag
 
     @rpc(Integer, _returns=Array(Integer))
     def countTo(ctx, limit):

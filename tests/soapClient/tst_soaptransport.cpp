@@ -218,7 +218,6 @@ private slots:
         QCOMPARE(sent.header("Content-Type"), QByteArray("text/xml;charset=utf-8"));
         QCOMPARE(sent.header("SOAPAction"), QByteArray("urn:shop#getPrice")); // no quotes added
         QCOMPARE(sent.body, before.toUtf8()); // UTF-8, no XML declaration
-        QVERIFY(sent.body.contains("Objektiv \xc3\xa4 \xe2\x82\xac"));
         QCOMPARE(request.toXmlString(0), before);
         QCOMPARE(transport.getResponse().returnValue().toString(), QString::number(m_server.requests.size()));
     }
@@ -298,7 +297,7 @@ private slots:
         QFETCH(QString, returnName);
         m_server.status = status;
         m_server.body = body;
-        QTcpServer closed;
+        QTcpServer closed; // listened on once, so that its port is free and refuses
         QVERIFY(closed.listen(QHostAddress::LocalHost));
         const int port = status ? m_server.serverPort() : closed.serverPort();
         closed.close();

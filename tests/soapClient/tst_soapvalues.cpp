@@ -63,12 +63,11 @@ private slots:
     // Must run before anything constructs a QtSoapMessage, which fills the table.
     void namespaceTableStartsEmpty()
     {
+        const QString envelope = QStringLiteral("http://schemas.xmlsoap.org/soap/envelope/");
         QtSoapNamespaces& table = QtSoapNamespaces::instance();
-        QCOMPARE(table.prefixFor(QStringLiteral("http://schemas.xmlsoap.org/soap/envelope/")), QString());
-
+        QCOMPARE(table.prefixFor(envelope), QString());
         QDomDocument doc;
-        const QtSoapSimpleType value(QtSoapQName(QStringLiteral("v"), QStringLiteral("urn:x")), 1);
-        QDomElement element = value.toDomElement(doc);
+        QDomElement element = QtSoapSimpleType(QtSoapQName(QStringLiteral("v"), QStringLiteral("urn:x")), 1).toDomElement(doc);
         QCOMPARE(element.prefix(), QString());
         QCOMPARE(element.attributeNodeNS(QStringLiteral("http://www.w3.org/1999/XMLSchema-instance"), QStringLiteral("type")).value(),
                  QStringLiteral("xsd:int"));
@@ -81,17 +80,17 @@ private slots:
 
         { QtSoapMessage first; }
         QtSoapMessage second;
-        QCOMPARE(table.prefixFor(QStringLiteral("http://schemas.xmlsoap.org/soap/envelope/")), QStringLiteral("SOAP-ENV"));
-        table.registerNamespace(QStringLiteral("env"), QStringLiteral("http://schemas.xmlsoap.org/soap/envelope/"));
+        QCOMPARE(table.prefixFor(envelope), QStringLiteral("SOAP-ENV"));
+        table.registerNamespace(QStringLiteral("env"), envelope);
         QtSoapMessage third;
-        QCOMPARE(table.prefixFor(QStringLiteral("http://schemas.xmlsoap.org/soap/envelope/")), QStringLiteral("SOAP-ENV"));
+        QCOMPARE(table.prefixFor(envelope), QStringLiteral("SOAP-ENV"));
         // The type attribute's name follows the table, although it is built once.
-        element = value.toDomElement(doc);
+        element = QtSoapSimpleType(QtSoapQName(QStringLiteral("v"), QStringLiteral("urn:x")), 1).toDomElement(doc);
         QCOMPARE(element.attributeNodeNS(QStringLiteral("http://www.w3.org/1999/XMLSchema-instance"), QStringLiteral("type")).prefix(),
                  QStringLiteral("xsi"));
     }
 
-    void typeNames()
+    void typeNamesAndNameEquality()
     {
         // Names are trimmed and matched without case; "hexBinary" and "nonPositiveInteger" never match.
         const QList<QPair<QString, QtSoapType::Type>> names = {{"  INT \t", QtSoapType::Int}, {"hexBinary", QtSoapType::Other},
@@ -108,20 +107,17 @@ private slots:
             const bool noKey = type == QtSoapType::HexBinary || type == QtSoapType::NonPositiveInteger || type >= QtSoapType::Array;
             QCOMPARE(QtSoapType::nameToType(QtSoapType::typeToName(type).toUpper()), noKey ? QtSoapType::Other : type);
         }
-    }
 
-    void nameEquality()
-    {
         // A key without a URI matches any namespace; URIs and names compare without case.
-        const auto equal = [](const char* name, const char* uri, const char* keyName, const QString& keyUri) {
-            return QtSoapQName(name, uri) == QtSoapQName(keyName, keyUri);
-        };
-        QVERIFY(equal("Body", "urn:a", "BODY", ""));
-        QVERIFY(equal("Body", "urn:a", "body", QString()));
-        QVERIFY(!equal("Body", "", "Body", "urn:a"));
-        QVERIFY(equal("Body", "URN:A", "body", "urn:a"));
-        QVERIFY(!equal("Body", "urn:b", "Body", "urn:a"));
-        QVERIFY(!equal("Body", "", "Head", ""));
+        QVERIFY(QtSoapQName("Body", "urn:a") == QtSoapQName("BODY", ""));
+        QVERIFY(QtSoapQName("Body", "urn:a") == QtSoapQName("body", QString()));
+        QVERIFY(!(QtSoapQName("Body", "") == QtSoapQName("Body", "urn:a")));
+        QVERIFY(QtSoapQName("Body", "URN:A") == QtSoapQName("body", "urn:a"));
+        QVERIFY(!(QtSoapQName("Body", "urn:b") == QtSoapQName("Body", "urn:a")));
+        QVERIFY(!(QtSoapQName("Body", "") == QtSoapQName("Head", "")));
+        QtSoapQName assigned(QStringLiteral("a"), QStringLiteral("urn:a"));
+        assigned = QStringLiteral("b"); // a plain name drops the namespace
+        QCOMPARE(assigned.uri(), QString(""));
     }
 
     // Only a failed parse sets an error text, and then the name stays empty.
@@ -136,6 +132,7 @@ private slots:
         QTest::newRow("empty int is 0") << "<v type='int'/>" << true << int(QtSoapType::Int) << QVariant(0);
         QTest::newRow("plus sign is a type error") << "<p:v xmlns:p='urn:p' type='int'>+5</p:v>" << false << int(QtSoapType::Int) << QVariant();
         QTest::newRow("type in capitals") << "<v type='XSD:Int'>5</v>" << true << int(QtSoapType::Int) << QVariant(5);
+        QTest::newRow("unsignedByte is an integer too") << "<v type='unsignedByte'>+5</v>" << false << int(QtSoapType::UnsignedByte) << QVariant();
         QTest::newRow("leading colon stays Other") << "<v type=':int'>7</v>" << true << int(QtSoapType::Other) << QVariant("7");
         QTest::newRow("hexBinary is Other text") << "<v type='xsd:hexBinary'>0AFF</v>" << true << int(QtSoapType::Other) << QVariant("0AFF");
         QTest::newRow("decimal fraction reads 0") << "<v type='decimal'>1.5</v>" << true << int(QtSoapType::Decimal) << QVariant(0);
@@ -158,29 +155,18 @@ private slots:
         QCOMPARE(scalar.errorString(), parsed ? QStringLiteral("Unknown error") : QStringLiteral("Type error at element \"v\""));
         QCOMPARE(scalar.name().name(), parsed ? QStringLiteral("v") : QString());
         QCOMPARE(scalar.toBool(), value.toBool());
-        QVERIFY(!scalar.parse(QDomNode()));
     }
 
+    // Lookups that find nothing answer one shared invalid object per form.
     void notFoundObjects()
     {
         QtSoapSimpleType scalar(QtSoapQName(QStringLiteral("s")), 1);
-        const QtSoapSimpleType& constScalar = scalar;
-        QVERIFY(!scalar[0].isValid());
-        QVERIFY(!scalar[QStringLiteral("x")].isValid());
+        QVERIFY(!scalar[0].isValid() && !scalar[QStringLiteral("x")].isValid());
         QCOMPARE(&scalar[0], &scalar[1]);
-        QCOMPARE(&constScalar[QtSoapQName(QStringLiteral("a"))], &constScalar[QtSoapQName(QStringLiteral("b"))]);
         QVERIFY(&scalar[0] != &scalar[QStringLiteral("x")]);
-        QVERIFY(static_cast<const void*>(&scalar[0]) != static_cast<const void*>(&constScalar[0]));
-        QCOMPARE(constScalar[0].type(), QtSoapType::Other);
-
         QtSoapArray array;
         QVERIFY(!array.at(4).isValid());
         QCOMPARE(&array[QStringLiteral("x")], &scalar[QStringLiteral("y")]);
-
-        QtSoapQName assigned(QStringLiteral("a"), QStringLiteral("urn:a"));
-        assigned = QStringLiteral("b"); // a plain name drops the namespace
-        QCOMPARE(assigned.uri(), QString(""));
-        QCOMPARE(assigned.name(), QStringLiteral("b"));
     }
 
     void arrayIndexing()
@@ -206,7 +192,6 @@ private slots:
         // Four and five dimensions have no range test.
         QtSoapArray cube(QtSoapQName(QStringLiteral("c")), QtSoapType::Int, 1, 1, 1, 1);
         cube.insert(1, 2, 3, 4, intItem(9));
-        QCOMPARE(cube.count(), 1);
         QCOMPARE(cube.at(1, 2, 3, 4).toInt(), 9);
 
         QtSoapArray typed;
@@ -220,7 +205,6 @@ private slots:
         list.clear();
         expectRefused("Attempted to insert item at position (0) in -1-dimensional QtSoapArray.",
                       [&](QtSoapType* item) { list.append(item); });
-        QCOMPARE(list.count(), 0);
         list.insert(4, intItem(4));
         list.append(intItem(5));
         QCOMPARE(list.count(), 2);
@@ -232,7 +216,6 @@ private slots:
         QCOMPARE(InspectableArray().arraySizeString(), QStringLiteral("[0]"));
         QCOMPARE(InspectableArray(QtSoapQName(QStringLiteral("a"))).arraySizeString(), QStringLiteral("[]"));
         QCOMPARE(InspectableArray(QtSoapQName(QStringLiteral("a")), QtSoapType::Int, 2, -1, 4).arraySizeString(), QStringLiteral("[2,-1,4]"));
-        QCOMPARE(InspectableArray(QtSoapQName(QStringLiteral("a")), QtSoapType::Double, 2).arrayTypeString(), QStringLiteral("double"));
         InspectableArray ofEmptyArrays(QtSoapQName(QStringLiteral("o")), QtSoapType::Array, 2);
         ofEmptyArrays.insert(0, new QtSoapArray(QtSoapQName(QStringLiteral("i"))));
         QCOMPARE(ofEmptyArrays.arrayTypeString(), QStringLiteral("int[2]"));
@@ -240,7 +223,6 @@ private slots:
         QtSoapArray fiveD(QtSoapQName(QStringLiteral("f")), QtSoapType::Int, 2, 2, 2, 3, 2);
         fiveD.insert(1, 0, 1, 2, 1, intItem(9));
         QtSoapArrayIterator it(fiveD);
-        QVERIFY(!it.atEnd());
         QCOMPARE(it.pos(), 35);
         int p[5] = {-9, -9, -9, -9, -9};
         it.pos(&p[0], &p[1], &p[2], &p[3], &p[4]);
@@ -250,12 +232,6 @@ private slots:
         ++it;
         QVERIFY(it.atEnd() && !it.data());
 
-        QtSoapArray twoD(QtSoapQName(QStringLiteral("t")), QtSoapType::Int, 2, 3);
-        twoD.insert(1, 1, intItem(4));
-        int q[3] = {-9, -9, -9};
-        QtSoapArrayIterator(twoD).pos(&q[0], nullptr, &q[2]);
-        QCOMPARE(QVector<int>(q, q + 3), (QVector<int>{1, -9, -9}));
-
         QtSoapArray array;
         QVERIFY(array.parse(parseElement(
             "<a><i>1</i><i position='5'>2</i><!-- skipped --><i>3</i><i position='[1]'>4</i></a>")));
@@ -263,8 +239,6 @@ private slots:
         QCOMPARE(array.at(5).toString(), QStringLiteral("2"));
         QCOMPARE(array.at(6).toString(), QStringLiteral("3"));
         QCOMPARE(array.at(0).toString(), QStringLiteral("4")); // bracketed text reads as 0
-        QCOMPARE(array.errorString(), QStringLiteral("Unknown error"));
-
         QVERIFY(!array.parse(parseElement("<a>text<i>1</i></a>")));
         QVERIFY(!array.parse(parseElement("<a type='xsd:struct'><i>1</i></a>")));
         QVERIFY(array.parse(parseElement("<a xmlns:e='urn:e' e:type='E:ARRAY'/>")));
@@ -277,18 +251,15 @@ private slots:
         s.insert(new QtSoapSimpleType(QtSoapQName(QStringLiteral("dup")), 2));
         QCOMPARE(s.count(), 2);
         QCOMPARE(s[QStringLiteral("DUP")].toInt(), 1);
-        QCOMPARE(s[QtSoapQName(QStringLiteral("dup"), QStringLiteral("urn:b"))].isValid(), false);
+        QVERIFY(!s[QtSoapQName(QStringLiteral("dup"), QStringLiteral("urn:b"))].isValid());
         QCOMPARE(s[1].toInt(), 2);
-        QVERIFY(!s[2].isValid());
-        QVERIFY(!s[-1].isValid());
+        QVERIFY(!s[2].isValid() && !s[-1].isValid());
 
         QtSoapStructIterator it(s);
         QCOMPARE(it.key().uri(), QStringLiteral("urn:a"));
         ++it;
         ++it;
-        ++it;
-        QVERIFY(!it.data());
-        QVERIFY(it.key().name().isNull() && it.key().uri().isNull());
+        QVERIFY(!it.data() && it.key().name().isNull() && it.key().uri().isNull());
 
         QtSoapStruct parsed;
         QVERIFY(!parsed.parse(parseElement("<s><a>1</a>loose text</s>")));
@@ -297,9 +268,6 @@ private slots:
         QVERIFY(!parsed.parse(parseElement("<s><!-- c --><x type='array'>text</x></s>")));
         QCOMPARE(parsed.errorString(),
                  QStringLiteral("In the struct element s, child #1, x, was not recognized as a SOAP type."));
-
-        QDomDocument doc;
-        QCOMPARE(s.toDomElement(doc).attributes().count(), 0);
     }
 
     void copiesShareItems()
@@ -314,7 +282,6 @@ private slots:
             assigned = assigned;
             delete original;
             QCOMPARE(deletions, 0);
-            QCOMPARE(copy[0].toInt(), 1);
             QCOMPARE(&copy[0], &assigned[0]);
         }
         QCOMPARE(deletions, 1);
@@ -331,7 +298,10 @@ private slots:
         QTest::addColumn<int>("type");
         QTest::newRow("encoded array") << "<v xmlns:x='urn:x' x:type='SOAP-ENC:Array'><i>1</i></v>" << int(QtSoapType::Array);
         QTest::newRow("unknown type, children") << "<v type='lens'><i>1</i></v>" << int(QtSoapType::Struct);
+        QTest::newRow("other is a struct") << "<v type='other'><i>1</i></v>" << int(QtSoapType::Struct);
+        QTest::newRow("other with text: none") << "<v type='other'>text</v>" << -1;
         QTest::newRow("no type, named array") << "<p:ARRAY xmlns:p='urn:p'><i>1</i></p:ARRAY>" << int(QtSoapType::Array);
+        QTest::newRow("dateTime with text") << "<v type='xsd:dateTime'>2020-01-01</v>" << int(QtSoapType::DateTime);
         QTest::newRow("dateTime with child") << "<v type='xsd:dateTime'><i/></v>" << int(QtSoapType::Struct);
         QTest::newRow("leading comment makes a string") << "<v><!-- c --><i>1</i></v>" << int(QtSoapType::String);
         QTest::newRow("nmtokens scalar of type Other") << "<v type='NMTOKENS'>a b</v>" << int(QtSoapType::Other);
@@ -353,8 +323,6 @@ private slots:
     {
         QtSoapTypeFactory& factory = QtSoapTypeFactory::instance();
         QVERIFY(!factory.soapType(QDomNode()).ptr());
-        QCOMPARE(factory.errorString(), QStringLiteral("Unknown error")); // refusals above left no text
-
         static QtSoapTypeConstructor<QtSoapStruct> handler;
         QVERIFY(!factory.registerHandler(QStringLiteral("int"), &handler));
         QCOMPARE(factory.errorString(), QStringLiteral("A handler for int is already registered."));

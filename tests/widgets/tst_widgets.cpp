@@ -19,7 +19,6 @@
 
 #include <cmath>
 #include <functional>
-#include <limits>
 #include <memory>
 
 using namespace Vexa;
@@ -46,13 +45,9 @@ QImage filledImage(int width, int height, QRgb colour)
     return image;
 }
 
-// A 10 by 4 tile: its first column blue, the rest red, so that tiles can be told apart.
-QPixmap tile()
+QPixmap solidPixmap(const QSize& size)
 {
-    QImage image = filledImage(10, 4, qRgb(255, 0, 0));
-    for (int y = 0; y < 4; ++y)
-        image.setPixel(0, y, qRgb(0, 0, 255));
-    return QPixmap::fromImage(image);
+    return QPixmap::fromImage(filledImage(size.width(), size.height(), qRgb(255, 0, 0)));
 }
 
 QImage drawn(const std::function<void(QPainter&)>& paint)
@@ -64,14 +59,18 @@ QImage drawn(const std::function<void(QPainter&)>& paint)
     return image;
 }
 
+// A 10 by 4 tile: its first column blue, the rest red, so that the direction of a run shows.
+QPixmap tile()
+{
+    QImage image = filledImage(10, 4, qRgb(255, 0, 0));
+    for (int y = 0; y < 4; ++y)
+        image.setPixel(0, y, qRgb(0, 0, 255));
+    return QPixmap::fromImage(image);
+}
+
 QImage line(const QPointF& a, const QPointF& b, bool stretch = false, const QRectF& clip = QRectF())
 {
     return drawn([&](QPainter& painter) { drawToolLine(a, b, tile(), stretch, &painter, clip); });
-}
-
-QPixmap solidPixmap(const QSize& size, QRgb colour = qRgb(255, 0, 0))
-{
-    return QPixmap::fromImage(filledImage(size.width(), size.height(), colour));
 }
 
 QImage rendered(QWidget& widget)
@@ -87,14 +86,6 @@ struct PaintCounter : QWidget
     int paints = 0;
     void paintEvent(QPaintEvent*) override { ++paints; }
 };
-
-QImage primitive(const QStyle& style, QStyle::PrimitiveElement element)
-{
-    QStyleOptionFocusRect option;
-    option.rect = QRect(0, 0, 20, 20);
-    option.palette = QApplication::palette();
-    return drawn([&](QPainter& painter) { style.drawPrimitive(element, &option, &painter); });
-}
 
 } // namespace
 
@@ -126,22 +117,15 @@ private slots:
         const QImage black = filledImage(2, 1, qRgb(0, 0, 0));
         QImage oneRedPixel = black;
         oneRedPixel.setPixel(0, 0, qRgb(255, 0, 0));
-        QTest::newRow("null first") << QImage() << red << 7.0 << 0.5 << int(ImgCmpInvalid) << 7.0;
-        QTest::newRow("null second") << red << QImage() << 7.0 << 0.5 << int(ImgCmpInvalid) << 7.0;
+        QTest::newRow("null image") << red << QImage() << 7.0 << 0.5 << int(ImgCmpInvalid) << 7.0;
         QTest::newRow("sizes differ") << red << filledImage(1, 2, 0) << 7.0 << 0.5 << int(ImgCmpSizeDiffers) << 7.0;
+        QTest::newRow("equal") << red << red << 0.0 << 0.5 << int(ImgCmpSimilar) << 0.0;
         QTest::newRow("equal, strict threshold") << red << red << 0.0 << 0.0 << int(ImgCmpDifferent) << 0.0;
         QTest::newRow("alpha only") << filledImage(2, 1, qRgba(10, 20, 30, 255))
-                                    << filledImage(2, 1, qRgba(10, 20, 30, 0)) << 0.0 << 0.5 << int(ImgCmpSimilar)
-                                    << 0.0;
+                                    << filledImage(2, 1, qRgba(10, 20, 30, 0)) << 0.0 << 0.5 << int(ImgCmpSimilar) << 0.0;
         // One channel differs by 255 over count = 6, and the caller's value takes part:
         // (1 + 1) * 100 / 6 after the row, again at the end.
-        QTest::newRow("input is summed") << oneRedPixel << black << 1.0 << 0.5 << int(ImgCmpDifferent)
-                                         << 20000.0 / 36.0;
-        QTest::newRow("NaN threshold") << red << red << 0.0 << std::numeric_limits<double>::quiet_NaN()
-                                       << int(ImgCmpDifferent) << 0.0;
-        // Wider than one vector step and not a multiple of it; every channel differs by 1.
-        QTest::newRow("odd width") << filledImage(7, 1, qRgb(1, 1, 1)) << filledImage(7, 1, qRgb(0, 0, 0)) << 0.0
-                                   << 0.5 << int(ImgCmpDifferent) << (21.0 / 255.0) * 10000.0 / (21.0 * 21.0);
+        QTest::newRow("input is summed") << oneRedPixel << black << 1.0 << 0.5 << int(ImgCmpDifferent) << 20000.0 / 36.0;
         // The value is rescaled after every row, so a difference in the first row of 20 all but vanishes.
         const QImage black20 = filledImage(20, 20, qRgb(0, 0, 0));
         QImage topWhite = black20;
@@ -159,7 +143,6 @@ private slots:
         QFETCH(double, threshold);
         QFETCH(int, result);
         QFETCH(double, difference);
-
         double value = input;
         QCOMPARE(int(compareImages(first, second, value, threshold)), result);
         QVERIFY2(std::abs(value - difference) <= 1e-9 * std::max(std::abs(difference), difference ? 0.0 : 1.0),
@@ -174,7 +157,6 @@ private slots:
             {QLineF(0, 10, 1, 10), {{5, 10}, {15, 10}}},
             {QLineF(30, 10, 29, 10), {{15, 10}, {5, 10}}},
             {QLineF(9, 10, 11, 10), {{5, 10}, {15, 10}}}, // both points inside
-            {QLineF(12, 0, 12, 1), {{12, 10 - std::sqrt(21.0)}, {12, 10 + std::sqrt(21.0)}}},
             {QLineF(0, 15, 1, 15), {{10, 15}}}, // tangent
             {QLineF(0, 16, 1, 16), {}}};
         for (const auto& [line, points] : cases) {
@@ -185,44 +167,21 @@ private slots:
         }
     }
 
-    void centringScalingAndTransparency()
+    void centringRefusesChildren()
     {
         UtilsDllTest::ScopedTestLogger logger;
         const QRect screen = QGuiApplication::primaryScreen()->geometry();
-
-        // The plain case is the base dialog's first show. Larger than the screen: negative
-        // offsets, truncated toward zero.
+        // Larger than the screen: negative offsets, truncated toward zero.
         QWidget window;
         window.resize(screen.width() + 201, screen.height() + 101);
         moveWindowToScreenCenter(&window, &window);
         QCOMPARE(window.pos(), QPoint(screen.left() - 100, screen.top() - 50));
-        QVERIFY(logger->lines().isEmpty());
-
         QWidget child(&window);
         child.move(3, 4);
         moveWindowToScreenCenter(&child, nullptr);
         QCOMPARE(child.pos(), QPoint(3, 4));
-        moveWindowToScreenCenter(nullptr, nullptr);
-        QCOMPARE(logger->linesAt('E').size(), 2);
+        QCOMPARE(logger->linesAt('E').size(), 1);
         QVERIFY(logger->linesAt('E').first().endsWith(": Bug!!!"));
-
-        // The screen's logical resolution over 96, in single precision.
-        const float dpi = float(qRound(QGuiApplication::primaryScreen()->logicalDotsPerInchX()));
-        QCOMPARE(systemScalingFactor(), double(dpi / 96.0f));
-
-        // Transparency leaves the text roles alone.
-        QWidget widget;
-        QPalette palette = widget.palette();
-        palette.setColor(QPalette::WindowText, Qt::red);
-        widget.setPalette(palette);
-        setWidgetFullTransparency(&widget);
-        setWidgetFullTransparency(nullptr);
-        for (QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-            for (QPalette::ColorRole role : {QPalette::Window, QPalette::Button, QPalette::Base, QPalette::Light,
-                                             QPalette::Midlight, QPalette::Dark, QPalette::Mid, QPalette::Shadow})
-                QCOMPARE(widget.palette().color(group, role).alpha(), 0);
-        }
-        QCOMPARE(widget.palette().color(QPalette::Active, QPalette::WindowText), QColor(Qt::red));
     }
 
     void toolLines()
@@ -236,51 +195,37 @@ private slots:
             {QLineF(30, 80, 30, 50), QRectF(), false, QRect(30, 40, 4, 40)},
             // Cut at x = 50: length 40, five tiles, the last overshooting the edge.
             {QLineF(10, 20, 80, 20), box, false, QRect(10, 20, 50, 4)},
-            {QLineF(-30, 20, 20, 20), box, false, QRect(0, 20, 30, 4)},
             // Both ends outside: nothing, unless the clip is empty.
             {QLineF(-10, 20, 80, 20), box, false, QRect()},
             {QLineF(-10, 20, 80, 20), QRectF(0, 0, 50, 0), false, QRect(0, 20, 90, 4)}};
         for (const auto& c : cases)
             QCOMPARE(inkRect(line(c.segment.p1(), c.segment.p2(), c.stretch, c.clip)), c.ink);
-
-        const QImage image = line(QPointF(5, 20), QPointF(40, 20));
-        QList<int> blueColumns;
-        for (int x = 0; x < image.width(); ++x)
-            if (QColor(image.pixel(x, 21)) == QColor(Qt::blue))
-                blueColumns << x;
-        QCOMPARE(blueColumns, (QList<int>{5, 15, 25, 35}));
-
         // At 45 degrees both ends go up by half the tile: the lower edge starts 2 pixels higher.
         const QRect slanted = inkRect(line(QPointF(10, 60), QPointF(40, 30)));
         QVERIFY2(slanted.bottom() <= 61 && slanted.bottom() >= 59, qPrintable(QString::number(slanted.bottom())));
-        QCOMPARE(slanted.left(), 10);
 
-        QVERIFY(inkRect(drawn([](QPainter& painter) {
-                    drawToolLine(QPointF(0, 0), QPointF(50, 0), QPixmap(), false, &painter, QRectF());
-                })).isNull());
         drawToolLine(QPointF(0, 0), QPointF(50, 0), tile(), false, nullptr, QRectF());
-
-        // The transform comes back; the smoothing hint stays on, which callers get used to.
-        QImage image10(10, 10, QImage::Format_ARGB32_Premultiplied);
-        QPainter painter(&image10);
-        painter.setRenderHints(QPainter::RenderHints());
-        painter.translate(3, 4);
-        const QTransform before = painter.transform();
-        drawToolLine(QPointF(0, 0), QPointF(5, 5), tile(), false, &painter, QRectF());
-        QCOMPARE(painter.transform(), before);
-        QVERIFY(painter.testRenderHint(QPainter::SmoothPixmapTransform));
+        // A null pixmap draws nothing; the transform comes back and the smoothing hint stays on.
+        QVERIFY(inkRect(drawn([](QPainter& painter) {
+                    painter.translate(3, 4);
+                    const QTransform before = painter.transform();
+                    drawToolLine(QPointF(0, 0), QPointF(50, 0), QPixmap(), false, &painter, QRectF());
+                    QCOMPARE(painter.transform(), before);
+                })).isNull());
+        drawn([](QPainter& painter) {
+            drawToolLine(QPointF(0, 0), QPointF(5, 5), tile(), false, &painter, QRectF());
+            QVERIFY(painter.testRenderHint(QPainter::SmoothPixmapTransform));
+        });
 
         // A line pointing between 135 and 315 degrees is drawn from its other end, exactly as the
         // reversed line; at 45 degrees it is the reversed line, at 225, that is swapped.
-        const QList<QPair<qreal, bool>> angles = {{180, true}, {135, false}, {136, true},
-                                                  {314, true}, {315, false}, {45, true}};
-        for (const auto& angle : angles) {
+        const QList<QPair<qreal, bool>> angles = {{180, true}, {135, false}, {136, true}, {315, false}, {45, true}};
+        for (const auto& [angle, reversed] : angles) {
             QLineF segment(QPointF(60, 50), QPointF(90, 50));
-            segment.setAngle(angle.first);
+            segment.setAngle(angle);
             const QImage forward = line(segment.p1(), segment.p2());
             QVERIFY(!inkRect(forward).isNull());
-            QVERIFY2((forward == line(segment.p2(), segment.p1())) == angle.second,
-                     qPrintable(QString::number(angle.first)));
+            QVERIFY2((forward == line(segment.p2(), segment.p1())) == reversed, qPrintable(QString::number(angle)));
         }
     }
 
@@ -343,17 +288,11 @@ private slots:
         icon.addPixmap(QPixmap::fromImage(QImage(16, 32, QImage::Format_ARGB32)));
         icon.addPixmap(QPixmap::fromImage(QImage(32, 16, QImage::Format_ARGB32)));
         QCOMPARE(sizeOfIcon(icon, QIcon::Normal, QIcon::Off), QSize(32, 32));
-        QCOMPARE(sizeOfIcon(QIcon(), QIcon::Normal, QIcon::Off), QSize(0, 0));
-
-        const QIcon square(QPixmap::fromImage(filledImage(40, 40, qRgb(255, 0, 0))));
-        const auto paintedInk = [&square](Qt::AspectRatioMode mode) {
-            return inkRect(drawn([&](QPainter& painter) {
-                paintIcon(&painter, square, QRect(0, 0, 100, 20), mode, QIcon::Normal, QIcon::Off);
-            }));
-        };
-        QCOMPARE(paintedInk(Qt::KeepAspectRatio), QRect(40, 0, 20, 20));
-        const QRect ignored = paintedInk(Qt::IgnoreAspectRatio);
-        QVERIFY(!ignored.isNull() && QRect(0, 0, 100, 20).contains(ignored));
+        const QIcon square(solidPixmap(QSize(40, 40)));
+        QCOMPARE(inkRect(drawn([&](QPainter& painter) {
+                     paintIcon(&painter, square, QRect(0, 0, 100, 20), Qt::KeepAspectRatio, QIcon::Normal, QIcon::Off);
+                 })),
+                 QRect(40, 0, 20, 20));
     }
 
     void imageRectangle_data()
@@ -364,23 +303,17 @@ private slots:
         QTest::addColumn<bool>("expand");
         QTest::addColumn<Qt::AspectRatioMode>("aspect");
         QTest::addColumn<QRect>("expected");
-
         const QSize unset(-1, -1);
         const QSize small(20, 10);
-        QTest::newRow("large icon, mandatory size")
-            << true << QSize(512, 512) << QSize(34, 34) << false << Qt::KeepAspectRatio << QRect(133, 133, 34, 34);
-        QTest::newRow("large icon shrinks")
-            << true << QSize(512, 512) << unset << false << Qt::KeepAspectRatio << QRect(100, 100, 100, 100);
-        QTest::newRow("small pixmap keeps its size")
-            << false << small << unset << false << Qt::KeepAspectRatio << QRect(140, 145, 20, 10);
-        QTest::newRow("small pixmap expanded")
-            << false << small << unset << true << Qt::KeepAspectRatio << QRect(100, 125, 100, 50);
+        const auto keep = Qt::KeepAspectRatio;
+        QTest::newRow("large icon, mandatory size") << true << QSize(512, 512) << QSize(34, 34) << false << keep << QRect(133, 133, 34, 34);
+        QTest::newRow("large icon shrinks") << true << QSize(512, 512) << unset << false << keep << QRect(100, 100, 100, 100);
+        QTest::newRow("small pixmap keeps its size") << false << small << unset << false << keep << QRect(140, 145, 20, 10);
+        QTest::newRow("small pixmap expanded") << false << small << unset << true << keep << QRect(100, 125, 100, 50);
         QTest::newRow("ignoring aspect fills the area")
             << false << small << unset << false << Qt::IgnoreAspectRatio << QRect(100, 100, 100, 100);
         QTest::newRow("expanding overflows, centred")
             << false << small << unset << true << Qt::KeepAspectRatioByExpanding << QRect(50, 100, 200, 100);
-        QTest::newRow("wide pixmap shrinks")
-            << false << QSize(400, 200) << unset << false << Qt::KeepAspectRatio << QRect(100, 125, 100, 50);
     }
 
     void imageRectangle()
@@ -391,7 +324,6 @@ private slots:
         QFETCH(bool, expand);
         QFETCH(Qt::AspectRatioMode, aspect);
         QFETCH(QRect, expected);
-
         if (asIcon)
             m_viewer->setIcon(QIcon(solidPixmap(imageSize)));
         else
@@ -403,55 +335,38 @@ private slots:
         QCOMPARE(m_viewer->sizeHint(), (mandatory.isValid() ? mandatory : imageSize) + QSize(200, 200));
     }
 
-    void scalableIconTextAndDisabled()
+    void viewerScalableTextDisabledAndShadow()
     {
+        // A scalable icon has no sizes: nothing painted, hinted as the margins, until it gets a mandatory size.
         QTemporaryDir folder;
         QFile svg(folder.filePath("square.svg"));
         QVERIFY(svg.open(QIODevice::WriteOnly));
-        svg.write("<svg xmlns='http://www.w3.org/2000/svg' width='10' height='10'>"
-                  "<rect width='10' height='10'/></svg>");
+        svg.write("<svg xmlns='http://www.w3.org/2000/svg' width='10' height='10'><rect width='10' height='10'/></svg>");
         svg.close();
         m_viewer->setIcon(svg.fileName());
-        QVERIFY(!m_viewer->icon().isNull());
         QCOMPARE(m_viewer->sizeHint(), QSize(300, 300));
         QVERIFY(inkRect(rendered(*m_viewer)).isNull());
         m_viewer->setMandatoryImageSize(QSize(34, 34));
         QCOMPARE(inkRect(rendered(*m_viewer)), QRect(133, 133, 34, 34));
 
-        m_viewer->setPixmap(QString("/no/such/file.png"));
-        QVERIFY(m_viewer->pixmap().isNull() && m_viewer->icon().isNull());
-
-        // Text needs an image to be shown.
-        m_viewer->setText("Text");
+        m_viewer->clear();
+        m_viewer->setText("Text"); // text needs an image to be shown
         QVERIFY(inkRect(rendered(*m_viewer)).isNull());
-        QPalette palette = m_viewer->palette();
-        palette.setColor(QPalette::Text, Qt::blue);
-        m_viewer->setPalette(palette);
-        m_viewer->setPixmap(solidPixmap(QSize(100, 100), qRgba(255, 0, 0, 0)));
-        const QRect textInk = inkRect(rendered(*m_viewer));
-        QVERIFY(!textInk.isNull() && QRect(100, 100, 100, 100).contains(textInk));
-
         m_viewer->setText(QString());
         m_viewer->setPixmap(solidPixmap(QSize(100, 100)));
-        const QPoint inside(150, 150);
-        QCOMPARE(QColor(rendered(*m_viewer).pixel(inside)), QColor(Qt::red));
         m_viewer->setEnabled(false);
-        const QColor disabled(rendered(*m_viewer).pixel(inside));
+        const QColor disabled(rendered(*m_viewer).pixel(150, 150));
         QVERIFY(disabled.red() == disabled.green() && disabled.green() == disabled.blue());
         m_viewer->setEnabled(true);
-        QCOMPARE(QColor(rendered(*m_viewer).pixel(inside)), QColor(Qt::red));
-    }
+        QCOMPARE(QColor(rendered(*m_viewer).pixel(150, 150)), QColor(Qt::red));
 
-    void parentIsPaintedTwiceWhileShadowIsOn()
-    {
-        PaintCounter first;
-        PaintCounter second;
+        // The shadow paints the parent a second time; the filter moves with the viewer.
+        PaintCounter first, second;
         first.resize(100, 100);
         second.resize(100, 100);
         auto* viewer = new CIconViewer(&first);
         viewer->resize(50, 50);
         viewer->setPixmap(solidPixmap(QSize(10, 10)));
-
         const auto paintsOf = [](PaintCounter& parent) {
             parent.paints = 0;
             rendered(parent);
@@ -464,11 +379,6 @@ private slots:
         viewer->setParent(&second);
         QCOMPARE(paintsOf(first), 1);
         QCOMPARE(paintsOf(second), 2);
-
-        // Nothing to show: the parent is painted once.
-        viewer->clear();
-        viewer->setMandatoryImageSize(QSize(0, 0));
-        QCOMPARE(paintsOf(second), 1);
     }
 
     void verticalLabelSwapsHints()
@@ -477,34 +387,34 @@ private slots:
         CVerticalLabel vertical("Vertical text");
         QCOMPARE(vertical.sizeHint(), plain.sizeHint().transposed());
         QCOMPARE(vertical.minimumSizeHint(), plain.minimumSizeHint().transposed());
-
-        // The text runs upwards from the bottom edge: ink only in the lower part.
         QFont font = vertical.font();
         font.setPixelSize(12);
         vertical.setFont(font);
-        vertical.resize(20, 200);
+        vertical.resize(20, 200); // the text runs upwards from the bottom edge
         const QRect ink = inkRect(rendered(vertical));
-        QVERIFY2(ink.height() > ink.width(), "text is not vertical");
-        QVERIFY(ink.bottom() >= 190 && ink.top() > 50);
+        QVERIFY(ink.height() > ink.width() && ink.bottom() >= 190 && ink.top() > 50);
     }
 
     void styleHintsPrimitivesAndMask()
     {
+        QStyleOptionFocusRect focus;
+        focus.rect = QRect(0, 0, 20, 20);
+        const auto primitive = [&focus](const QStyle& style, QStyle::PrimitiveElement element) {
+            return drawn([&](QPainter& painter) { style.drawPrimitive(element, &focus, &painter); });
+        };
         const QImage empty = drawn([](QPainter&) {});
-        // The base style does draw a focus rectangle, so the comparisons mean something.
-        QVERIFY(primitive(*m_windows, QStyle::PE_FrameFocusRect) != empty);
+        QVERIFY(primitive(*m_windows, QStyle::PE_FrameFocusRect) != empty); // so the comparisons mean something
         QCOMPARE(primitive(*m_style, QStyle::PE_FrameFocusRect), empty);
         QCOMPARE(primitive(*m_style, QStyle::PE_IndicatorMenuCheckMark), empty);
         QCOMPARE(m_style->pixelMetric(QStyle::PM_SubMenuOverlap), -1);
-
         const QList<QPair<QStyle::StyleHint, int>> hints = {
             {QStyle::SH_EtchDisabledText, 0},        {QStyle::SH_Menu_AllowActiveAndDisabled, 0},
             {QStyle::SH_MenuBar_AltKeyNavigation, 1}, {QStyle::SH_ProgressDialog_CenterCancelButton, 1},
             {QStyle::SH_Menu_MouseTracking, 1},       {QStyle::SH_ComboBox_ListMouseTracking, 1},
             {QStyle::SH_MenuBar_MouseTracking, 1},    {QStyle::SH_Slider_AbsoluteSetButtons, int(Qt::LeftButton)},
             {QStyle::SH_Menu_SubMenuPopupDelay, 300}};
-        for (const auto& hint : hints)
-            QVERIFY2(m_style->styleHint(hint.first) == hint.second, qPrintable(QString::number(hint.first)));
+        for (const auto& [hint, value] : hints)
+            QVERIFY2(m_style->styleHint(hint) == value, qPrintable(QString::number(hint)));
 
         // Trees paint no alternating rows below their items; other views keep the base answer.
         QTreeView tree;
@@ -518,15 +428,10 @@ private slots:
         option.rect = QRect(0, 0, 10, 6);
         QStyleHintReturnMask mask;
         QCOMPARE(m_style->styleHint(QStyle::SH_ToolTip_Mask, &option, nullptr, &mask), 1);
-        QCOMPARE(mask.region.boundingRect(), QRect(0, 0, 10, 6));
-        for (const QPoint& corner : {QPoint(0, 0), QPoint(9, 0), QPoint(0, 5), QPoint(9, 5)})
-            QVERIFY(!mask.region.contains(corner));
-        for (const QPoint& inside : {QPoint(1, 0), QPoint(0, 1), QPoint(8, 5), QPoint(9, 4), QPoint(5, 3)})
-            QVERIFY(mask.region.contains(inside));
-        QStyleHintReturnVariant other;
-        for (QStyleHintReturn* noMask : QList<QStyleHintReturn*>{nullptr, &other})
-            QCOMPARE(m_style->styleHint(QStyle::SH_ToolTip_Mask, &option, nullptr, noMask),
-                     m_windows->styleHint(QStyle::SH_ToolTip_Mask, &option, nullptr, noMask));
+        QCOMPARE(mask.region, QRegion(0, 0, 10, 6) - QRegion(0, 0, 1, 1) - QRegion(9, 0, 1, 1) - QRegion(0, 5, 1, 1)
+                                  - QRegion(9, 5, 1, 1));
+        QCOMPARE(m_style->styleHint(QStyle::SH_ToolTip_Mask, &option, nullptr, nullptr),
+                 m_windows->styleHint(QStyle::SH_ToolTip_Mask, &option, nullptr, nullptr));
     }
 
     void buttonShift_data()
@@ -535,7 +440,6 @@ private slots:
         QTest::addColumn<QVariant>("property");
         QTest::addColumn<bool>("registered");
         QTest::addColumn<bool>("shifted");
-
         QTest::newRow("plain named button") << "button" << QVariant() << false << true;
         QTest::newRow("property false counts too") << "button" << QVariant(false) << false << false;
         QTest::newRow("unnamed with property") << "" << QVariant(true) << false << true;
@@ -548,7 +452,6 @@ private slots:
         QFETCH(QVariant, property);
         QFETCH(bool, registered);
         QFETCH(bool, shifted);
-
         UtilsDllTest::ScopedTestLogger logger;
         QPushButton button;
         button.setObjectName(name);
@@ -558,11 +461,11 @@ private slots:
             m_style->disableButtonShift(&button, true);
         for (QStyle::PixelMetric metric : {QStyle::PM_ButtonShiftHorizontal, QStyle::PM_ButtonShiftVertical})
             QCOMPARE(m_style->pixelMetric(metric, nullptr, &button), shifted ? m_windows->pixelMetric(metric) : 0);
-        // Registering an unnamed button is reported.
-        QCOMPARE(logger->linesAt('E').size(), registered && name.isEmpty() ? 1 : 0);
+        QCOMPARE(logger->linesAt('E').size(), registered && name.isEmpty() ? 1 : 0); // an unnamed one is reported
         QCOMPARE(m_style->pixelMetric(QStyle::PM_ButtonShiftHorizontal, nullptr, nullptr), baseShift());
     }
 
+    // The registry follows renames and deletion; a mismatched removal is reported and still removes.
     void registryFollowsRenamesAndReportsMisuse()
     {
         UtilsDllTest::ScopedTestLogger logger;
@@ -571,48 +474,22 @@ private slots:
         button->setObjectName("first");
         m_style->disableButtonShift(button, true);
         QCOMPARE(shiftOf("first"), 0);
-
         button->setObjectName("second");
         QCOMPARE(shiftOf("first"), baseShift());
         QCOMPARE(shiftOf("second"), 0);
-
-        // Renamed to nothing, it leaves for good: a later name is not registered.
-        button->setObjectName("");
-        QCOMPARE(shiftOf("second"), baseShift());
-        button->setObjectName("third");
-        QCOMPARE(shiftOf("third"), baseShift());
-
-        button->setObjectName("fourth");
-        m_style->disableButtonShift(button, true);
-        QCOMPARE(shiftOf("fourth"), 0);
         delete button;
-        QCOMPARE(shiftOf("fourth"), baseShift());
-
-        // Enabling the shift again disconnects: a later rename does not re-register.
-        QPushButton kept;
-        kept.setObjectName("kept");
-        m_style->disableButtonShift(&kept, true);
-        m_style->disableButtonShift(&kept, false);
-        QCOMPARE(shiftOf("kept"), baseShift());
-        kept.setObjectName("renamed");
-        QCOMPARE(shiftOf("renamed"), baseShift());
+        QCOMPARE(shiftOf("second"), baseShift());
 
         // A second button of the same name is not registered, but exempt by its name.
-        QPushButton first;
-        QPushButton second;
+        QPushButton first, second;
         first.setObjectName("twin");
         second.setObjectName("twin");
         m_style->disableButtonShift(&first, true);
         m_style->disableButtonShift(&second, true);
-        QCOMPARE(m_style->pixelMetric(QStyle::PM_ButtonShiftHorizontal, nullptr, &second), 0);
         QVERIFY(logger->lines().isEmpty());
-
-        // Taking out the name with the wrong button reports it and removes the entry.
         m_style->disableButtonShift(&second, false);
         QCOMPARE(logger->linesAt('E').size(), 1);
         QCOMPARE(m_style->pixelMetric(QStyle::PM_ButtonShiftHorizontal, nullptr, &first), baseShift());
-        m_style->disableButtonShift(nullptr, true);
-        QCOMPARE(logger->linesAt('E').size(), 1);
     }
 
     void extensionArrowMirrorsRightToLeft()
@@ -633,7 +510,6 @@ private slots:
         QCOMPARE(arrowFor(&option), arrow);
         option.direction = Qt::RightToLeft;
         QCOMPARE(arrowFor(&option), arrow.mirrored(true, false));
-
         // Without an option the application's direction decides.
         QApplication::setLayoutDirection(Qt::RightToLeft);
         const QImage fromApplication = arrowFor(nullptr);
