@@ -5,6 +5,7 @@
 // shows it a little past the nesting limit that setContent enforces. The stack holds
 // that limit with some room: 256 KB, doubled under AddressSanitizer, whose frames are
 // about twice as large. Run with -dict=fuzz/soap_message.dict.
+#include "FuzzApplication.h"
 #include "QtSoapMessage.h"
 
 #include <QCoreApplication>
@@ -29,8 +30,6 @@ const uint stackSize = 256 * 1024;
 #else
 const uint stackSize = 256 * 1024;
 #endif
-
-void silenceQtMessages(QtMsgType, const QMessageLogContext&, const QString&) {}
 
 int walk(const QtSoapType& value, int depth)
 {
@@ -63,14 +62,7 @@ void parseAndUse(const QByteArray& input)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    static int argc = 1;
-    static char name[] = "soap_message_fuzzer";
-    static char* argv[] = {name, nullptr};
-    static QCoreApplication* application = [] {
-        qInstallMessageHandler(silenceQtMessages);
-        return new QCoreApplication(argc, argv);
-    }();
-    Q_UNUSED(application);
+    ensureQuietApplication("soap_message_fuzzer");
 
     const QByteArray input(reinterpret_cast<const char*>(data), int(size));
     QScopedPointer<QThread> thread(QThread::create([&input] { parseAndUse(input); }));

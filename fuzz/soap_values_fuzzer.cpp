@@ -5,6 +5,7 @@
 // even over a container copied after it was made, and a message built of these values
 // serialises to well-formed XML. Arrays are never put into arrays: an array whose
 // first item is a non-empty array makes arrayTypeString loop by design.
+#include "FuzzApplication.h"
 #include "QtSoapArray.h"
 #include "QtSoapMessage.h"
 #include "QtSoapStruct.h"
@@ -22,8 +23,6 @@
 using namespace VEXA_NAMESPACE;
 
 namespace {
-
-void silenceQtMessages(QtMsgType, const QMessageLogContext&, const QString&) {}
 
 class Bytes
 {
@@ -188,16 +187,9 @@ void touch(const QtSoapType& value, Bytes& bytes)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    static int argc = 1;
-    static char name[] = "soap_values_fuzzer";
-    static char* argv[] = {name, nullptr};
-    static QCoreApplication* application = [] {
-        qInstallMessageHandler(silenceQtMessages);
-        auto* app = new QCoreApplication(argc, argv);
-        QtSoapMessage registersNamespaces;
-        return app;
-    }();
-    Q_UNUSED(application);
+    ensureQuietApplication("soap_values_fuzzer");
+    static const bool namespacesRegistered = (QtSoapMessage(), true); // the first message fills the table
+    Q_UNUSED(namespacesRegistered);
 
     Bytes bytes(data, size);
     std::vector<QtSoapType*> pool;
