@@ -2,21 +2,22 @@
 
 #include <QDir>
 #include <QFile>
+#include <QTemporaryDir>
 
-#include <cstdlib>
 #include <stdexcept>
 
 namespace UtilsDllTest {
 
 namespace {
 
+// Under TMPDIR (or /tmp) on Linux, in the user's temporary folder on Windows.
 QByteArray makeRoot()
 {
-    const char* base = std::getenv("TMPDIR");
-    QByteArray pattern = QByteArray(base && *base ? base : "/tmp") + "/utilsdll-test-XXXXXX";
-    if (!mkdtemp(pattern.data()))
+    QTemporaryDir root(QDir::tempPath() + "/utilsdll-test-XXXXXX");
+    if (!root.isValid())
         throw std::runtime_error("cannot create the test's own folder");
-    return pattern;
+    root.setAutoRemove(false);
+    return root.path().toLocal8Bit();
 }
 
 void setPathVariable(const char* name, const QByteArray& path)
