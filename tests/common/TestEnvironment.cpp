@@ -42,6 +42,12 @@ IsolatedEnvironment::IsolatedEnvironment()
     QFile::setPermissions(QString::fromLocal8Bit(m_root + "/run"),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     setPathVariable("TMPDIR", m_root + "/tmp");
+#ifdef Q_OS_WIN
+    // Windows takes the temporary folder from TMP or TEMP. The known folders and the
+    // registry stay the user's: under Wine each test runs in a fresh prefix instead.
+    setPathVariable("TMP", m_root + "/tmp");
+    setPathVariable("TEMP", m_root + "/tmp");
+#endif
 
     QFile userDirs(QString::fromLocal8Bit(home + "/.config/user-dirs.dirs"));
     if (userDirs.open(QIODevice::WriteOnly))
