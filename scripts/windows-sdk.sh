@@ -23,9 +23,17 @@ fi
 sudo=
 if [[ $(id -u) -ne 0 ]]; then sudo=sudo; fi
 
-step "build tools"
-$sudo apt-get install -y --no-install-recommends dpkg-dev g++-mingw-w64-x86-64-posix libz-mingw-w64-dev \
-    libspdlog-dev libfmt-dev cmake ninja-build perl python3 > /dev/null
+# apt-get source needs dpkg-dev; SQLite's single file is made with tclsh.
+missing=""
+for package in dpkg-dev g++-mingw-w64-x86-64-posix libz-mingw-w64-dev libspdlog-dev libfmt-dev \
+    cmake ninja-build make perl python3 tcl; do
+    dpkg-query -W -f '${Status}' "$package" 2> /dev/null | grep -q 'ok installed' ||
+        missing="$missing $package"
+done
+if [[ -n $missing ]]; then
+    step "installing$missing"
+    $sudo apt-get install -y --no-install-recommends $missing > /dev/null
+fi
 
 # The source packages come from the archive the machine already installs from: the
 # deb-src entries are derived from its own deb822 file, written once.
@@ -60,19 +68,30 @@ export PATH=$tools:$PATH
 
 build=$sdk/build
 mkdir -p "$build/qtbase"
+
+# Qt's SQLite driver compiles SQLite in, from the single-file form that Debian's
+# qtbase source leaves out: it is generated from Debian's sqlite3 source.
+qtbaseSrc=$src/qtbase-opensource-src-5.15.8+dfsg
+if [[ ! -f $qtbaseSrc/src/3rdparty/sqlite/sqlite3.c ]]; then
+    step "generating sqlite3.c from the sqlite3 source package"
+    mkdir -p "$build/sqlite" "$qtbaseSrc/src/3rdparty/sqlite"
+    (cd "$build/sqlite" && "$src/sqlite3-3.40.1/configure" --disable-tcl && make sqlite3.c) \
+        > "$build/sqlite.log" 2>&1 || { tail -20 "$build/sqlite.log"; exit 1; }
+    cp "$build/sqlite/sqlite3.c" "$build/sqlite/sqlite3.h" "$qtbaseSrc/src/3rdparty/sqlite/"
+fi
 if [[ ! -f $build/qtbase/.installed ]]; then
     if [[ ! -f $build/qtbase/Makefile ]]; then
         step "configuring qtbase for $triple (a few minutes)"
         # Only what the library and its tests use: no OpenGL, D-Bus, ICU, printing,
         # tablets (the Windows plugin's tablet support needs wintab.h, which Debian's
-        # source leaves out) or SQL drivers; third-party libraries bundled.
-        (cd "$build/qtbase" && "$src/qtbase-opensource-src-5.15.8+dfsg/configure" \
+        # source leaves out) or SQL drivers but SQLite's; third-party libraries bundled.
+        (cd "$build/qtbase" && "$qtbaseSrc/configure" \
             -prefix "$prefix" -opensource -confirm-license -release -shared \
             -xplatform win32-g++ -device-option CROSS_COMPILE=$triple- \
             -nomake examples -nomake tests \
             -no-opengl -no-dbus -no-icu -no-openssl -no-fontconfig -no-direct2d -no-vulkan \
             -qt-zlib -qt-libpng -qt-libjpeg -qt-pcre -qt-freetype -qt-harfbuzz \
-            -no-sql-mysql -no-sql-psql -no-sql-odbc -no-sql-sqlite -no-sql-db2 \
+            -sql-sqlite -qt-sqlite -no-sql-mysql -no-sql-psql -no-sql-odbc -no-sql-db2 \
             -no-sql-ibase -no-sql-oci -no-sql-tds -no-sql-sqlite2 \
             -no-feature-tabletevent -no-feature-printer -no-feature-concurrent \
             > "$build/qtbase-configure.log" 2>&1) ||
@@ -85,27 +104,6 @@ if [[ ! -f $build/qtbase/.installed ]]; then
     make -C "$build/qtbase" install > "$build/qtbase-install.log" 2>&1 ||
         { tail -20 "$build/qtbase-install.log"; exit 1; }
     touch "$build/qtbase/.installed"
-fi
-
-# Qt's SQLite driver compiles SQLite in, from the single-file form that Debian's source
-# leaves out of qtbase: it is generated here from Debian's sqlite3 source.
-if [[ ! -f $build/sqldrivers/.installed ]]; then
-    sqliteDir=$src/qtbase-opensource-src-5.15.8+dfsg/src/3rdparty/sqlite
-    if [[ ! -f $sqliteDir/sqlite3.c ]]; then
-        step "generating sqlite3.c from the sqlite3 source package"
-        mkdir -p "$build/sqlite" "$sqliteDir"
-        (cd "$build/sqlite" && "$src/sqlite3-3.40.1/configure" --disable-tcl &&
-            make sqlite3.c) > "$build/sqlite.log" 2>&1 || { tail -20 "$build/sqlite.log"; exit 1; }
-        cp "$build/sqlite/sqlite3.c" "$build/sqlite/sqlite3.h" "$sqliteDir/"
-    fi
-    step "building and installing Qt's SQLite driver"
-    mkdir -p "$build/sqldrivers"
-    (cd "$build/sqldrivers" &&
-        "$prefix/bin/qmake" "$src/qtbase-opensource-src-5.15.8+dfsg/src/plugins/sqldrivers/sqldrivers.pro" \
-            -- -sql-sqlite -qt-sqlite -no-sql-odbc -no-sql-psql -no-sql-mysql &&
-        make -j "$jobs" && make install) > "$build/sqldrivers.log" 2>&1 ||
-        { grep -m5 -B5 -i 'error' "$build/sqldrivers.log"; exit 1; }
-    touch "$build/sqldrivers/.installed"
 fi
 
 if [[ ! -f $build/qtsvg/.installed ]]; then
