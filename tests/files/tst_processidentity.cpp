@@ -6,6 +6,7 @@
 #include "platform/ProcessIdentity.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QScopeGuard>
@@ -109,12 +110,17 @@ private slots:
         QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName(UtilsDll::currentProcessName())));
         QVERIFY(!executableFileVersion(QCoreApplication::applicationFilePath().toStdWString()).found);
 
-        // A copy of sleep under a Windows-like name stands for the host process.
+        // A copy of a program that waits, under a Windows-like name, stands for the host.
+#ifdef Q_OS_WIN
+        const QString standIn = QStringLiteral(HOST_STAND_IN), seconds30 = "30000";
+#else
+        const QString standIn = "/bin/sleep", seconds30 = "30";
+#endif
         QTemporaryDir folder;
         const QString host = folder.filePath("host.exe");
-        QVERIFY(QFile::copy("/bin/sleep", host));
+        QVERIFY(QFile::copy(standIn, host));
         QProcess process;
-        process.start(host, QStringList() << "30");
+        process.start(host, QStringList() << seconds30);
         QVERIFY(process.waitForStarted());
         const auto stop = qScopeGuard([&process] { process.kill(); process.waitForFinished(); });
 
@@ -123,7 +129,7 @@ private slots:
                 return QString::compare(QString::fromStdWString(baseName), name, Qt::CaseInsensitive) == 0;
             }));
         };
-        QCOMPARE(find("HOST.EXE"), host);
+        QCOMPARE(find("HOST.EXE"), QDir::toNativeSeparators(host));
         QCOMPARE(find("host"), QString()); // the whole name, extension included
     }
 
