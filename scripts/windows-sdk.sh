@@ -47,8 +47,10 @@ fi
 
 mkdir -p "$src"
 fetch() { # package version directory
-    if [[ ! -d $src/$3 ]]; then
-        step "source package $1 $2"
+    if [[ -d $src/$3 ]]; then
+        step "source package $1 $2: already in $src"
+    else
+        step "source package $1 $2: fetching into $src"
         (cd "$src" && apt-get source -q "$1=$2" > "$src/$1.log" 2>&1) ||
             { cat "$src/$1.log"; exit 1; }
     fi
