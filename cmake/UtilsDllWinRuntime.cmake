@@ -32,10 +32,9 @@ function(utilsdll_deploy_windows_runtime)
         list(APPEND dlls $<TARGET_FILE:Qt5::${module}>)
     endforeach()
     list(APPEND dlls $<TARGET_FILE:QuaZip::QuaZip>)
-    find_file(UTILSDLL_ZLIB_DLL zlib1.dll PATH_SUFFIXES bin lib REQUIRED)
-    find_file(UTILSDLL_WINPTHREAD_DLL libwinpthread-1.dll PATH_SUFFIXES bin lib REQUIRED)
-    list(APPEND dlls ${UTILSDLL_ZLIB_DLL} ${UTILSDLL_WINPTHREAD_DLL})
-    foreach(runtime libstdc++-6.dll libgcc_s_seh-1.dll)
+    # The compiler's runtime, and the zlib of Debian's mingw-w64 that QuaZip links,
+    # where the compiler finds them.
+    foreach(runtime libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll zlib1.dll)
         execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${runtime}
             OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
         if(NOT IS_ABSOLUTE "${path}")
