@@ -79,7 +79,9 @@ export UTILSDLL_WINE_TEMPLATE=$WINEPREFIX
 echo "== windows-dll: the showcase's pictures in $build/showcase-pictures"
 rm -rf "$build/showcase-pictures"
 (cd "$build" && QT_QPA_PLATFORM=offscreen "$root/scripts/wine-fresh-prefix.sh" \
-    bin/utilsdll-showcase.exe --screenshots showcase-pictures < /dev/null) | tail -n 4
+    bin/utilsdll-showcase.exe --screenshots showcase-pictures < /dev/null > showcase.log 2>&1) ||
+    echo "== windows-dll: the showcase failed, see $build/showcase.log"
+echo "== windows-dll: $(find "$build/showcase-pictures" -name '*.png' 2> /dev/null | wc -l) pictures written"
 
 summary="$build/wine-summary.log"
 (cd "$build" && ctest --output-on-failure -j "$jobs" < /dev/null) | tee "$summary" || true
