@@ -15,13 +15,14 @@ bash "$root/scripts/windows-sdk.sh"
 
 # lrelease and lupdate run on the build machine: Debian's own, of the same Qt version.
 echo "== windows-dll: configuring and building in $build"
+mkdir -p "$build"
 cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
     -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64-qt.cmake" \
     -DUTILSDLL_WIN_SDK_PREFIX="$sdk/qt5" \
     -DQt5LinguistTools_DIR=/usr/lib/x86_64-linux-gnu/cmake/Qt5LinguistTools \
     -DUTILSDLL_WINE_LAUNCHER="$root/scripts/wine-fresh-prefix.sh" \
-    -DUTILSDLL_BUILD_BENCHMARKS=OFF > "$build.configure.log" 2>&1 ||
-    { cat "$build.configure.log"; exit 1; }
+    -DUTILSDLL_BUILD_BENCHMARKS=OFF > "$build/configure.log" 2>&1 ||
+    { cat "$build/configure.log"; exit 1; }
 # CMake 3.25's Ninja AUTOMOC step does not notice headers added to a target since
 # the last build; dropping its stamps makes it look again (it only redoes what changed).
 find "$build" -path '*_autogen/timestamp' -delete 2>/dev/null || true
