@@ -1,7 +1,7 @@
 #include "AppBootstrap.h"
 #include "TestEnvironment.h"
 
-#include <dlfcn.h>
+#include <QLibrary>
 
 // getQtPluginsDir(true) decides once per process, so each scenario runs in a process
 // of its own: with CONNECTOR_MODULE set, that module is loaded first.
@@ -15,7 +15,8 @@ private slots:
         const QString hostFolder = QFileInfo(QCoreApplication::applicationFilePath()).canonicalPath() + '/';
         QString expected = hostFolder;
         if (!connector.isEmpty()) {
-            QVERIFY2(dlopen(connector.constData(), RTLD_NOW | RTLD_LOCAL), dlerror());
+            QLibrary module(QString::fromLocal8Bit(connector));
+            QVERIFY2(module.load(), qPrintable(module.errorString()));
             expected = QFileInfo(QString::fromLocal8Bit(connector)).canonicalPath() + '/';
             QVERIFY(expected != hostFolder);
         }

@@ -2,21 +2,22 @@
 
 #include <QDir>
 #include <QFile>
+#include <QTemporaryDir>
 
-#include <cstdlib>
 #include <stdexcept>
 
 namespace UtilsDllTest {
 
 namespace {
 
+// Under TMPDIR (or /tmp) on Linux, in the user's temporary folder on Windows.
 QByteArray makeRoot()
 {
-    const char* base = std::getenv("TMPDIR");
-    QByteArray pattern = QByteArray(base && *base ? base : "/tmp") + "/utilsdll-test-XXXXXX";
-    if (!mkdtemp(pattern.data()))
+    QTemporaryDir root(QDir::tempPath() + "/utilsdll-test-XXXXXX");
+    if (!root.isValid())
         throw std::runtime_error("cannot create the test's own folder");
-    return pattern;
+    root.setAutoRemove(false);
+    return root.path().toLocal8Bit();
 }
 
 void setPathVariable(const char* name, const QByteArray& path)
@@ -41,6 +42,12 @@ IsolatedEnvironment::IsolatedEnvironment()
     QFile::setPermissions(QString::fromLocal8Bit(m_root + "/run"),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     setPathVariable("TMPDIR", m_root + "/tmp");
+#ifdef Q_OS_WIN
+    // Windows takes the temporary folder from TMP or TEMP. The known folders and the
+    // registry stay the user's: under Wine each test runs in a fresh prefix instead.
+    setPathVariable("TMP", m_root + "/tmp");
+    setPathVariable("TEMP", m_root + "/tmp");
+#endif
 
     QFile userDirs(QString::fromLocal8Bit(home + "/.config/user-dirs.dirs"));
     if (userDirs.open(QIODevice::WriteOnly))

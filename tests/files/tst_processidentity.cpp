@@ -7,6 +7,7 @@
 #include "platform/ProcessIdentity.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QScopeGuard>
@@ -105,14 +106,19 @@ private slots:
         QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName(UtilsDll::currentProcessName())));
         QVERIFY(!executableFileVersion(QCoreApplication::applicationFilePath().toStdWString()).found);
 
-        // A copy of sleep under a Windows-like name stands for the host process; the name is
-        // this process's own, since other test runs on the machine may hold a host of their own.
+        // A copy of a program that waits, under a Windows-like name, stands for the host; the
+        // name is this process's own, since other test runs on the machine may hold a host of their own.
+#ifdef Q_OS_WIN
+        const QString standIn = QStringLiteral(HOST_STAND_IN), seconds30 = "30000";
+#else
+        const QString standIn = "/bin/sleep", seconds30 = "30";
+#endif
         QTemporaryDir folder;
         const QString name = QStringLiteral("host-%1.exe").arg(QCoreApplication::applicationPid());
         const QString host = folder.filePath(name);
-        QVERIFY(QFile::copy("/bin/sleep", host));
+        QVERIFY(QFile::copy(standIn, host));
         QProcess process;
-        process.start(host, QStringList() << "30");
+        process.start(host, QStringList() << seconds30);
         QVERIFY(process.waitForStarted());
         const auto stop = qScopeGuard([&process] { process.kill(); process.waitForFinished(); });
 
@@ -121,7 +127,7 @@ private slots:
                 return QString::compare(QString::fromStdWString(baseName), name, Qt::CaseInsensitive) == 0;
             }));
         };
-        QCOMPARE(find(name.toUpper()), host);
+        QCOMPARE(find(name.toUpper()), QDir::toNativeSeparators(host));
         QCOMPARE(find(name.chopped(4)), QString()); // the whole name, extension included
     }
 

@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# Runs one Windows program under Wine in a fresh copy of a prepared Wine prefix
+# ($UTILSDLL_WINE_TEMPLATE), removed afterwards: each test gets a registry, a user
+# profile and known folders of its own, as each Linux test gets its own HOME.
+# The test command of the Windows build (its CMAKE_CROSSCOMPILING_EMULATOR).
+set -euo pipefail
+template=${UTILSDLL_WINE_TEMPLATE:?"the prepared Wine prefix"}
+export WINEPREFIX
+WINEPREFIX=$(mktemp -d "${TMPDIR:-/tmp}/utilsdll-wineprefix.XXXXXX")
+stopWine() {
+    wineserver -k > /dev/null 2>&1 || true
+    wineserver -w > /dev/null 2>&1 || true
+    rm -rf "$WINEPREFIX"
+}
+trap stopWine EXIT
+# A prefix is hundreds of megabytes, nearly all of it Wine's own DLLs that no test
+# writes: the copy links the files, and copies only the registry, which Wine rewrites.
+cp -al "$template/." "$WINEPREFIX/"
+cp --remove-destination "$template"/*.reg "$WINEPREFIX/"
+# The server and Wine's own processes start away from the caller's pipes, which they
+# would otherwise keep open (CTest waits for them).
+wineserver -p < /dev/null > /dev/null 2>&1
+wine cmd /c exit < /dev/null > /dev/null 2>&1
+wine "$@"
