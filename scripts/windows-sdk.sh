@@ -71,6 +71,16 @@ export PATH=$tools:$PATH
 build=$sdk/build
 mkdir -p "$build/qtbase"
 
+# A build killed outright (not stopped by make) leaves empty or cut-off objects that
+# make then takes as up to date, and the link fails much later.
+dropInterrupted() { # build folder
+    # (An empty moc output is normal: moc writes nothing for a header without a class.)
+    find "$1" -name '*.o' -size 0 -print -delete | sed 's/^/   dropped (empty): /'
+    find "$1" -name '*.o' -print0 | while IFS= read -r -d '' object; do
+        $triple-nm "$object" > /dev/null 2>&1 || { echo "   dropped (unreadable): $object"; rm -f "$object"; }
+    done
+}
+
 # Qt's SQLite driver compiles SQLite in, from the single-file form that Debian's
 # qtbase source leaves out: it is generated from Debian's sqlite3 source.
 qtbaseSrc=$src/qtbase-opensource-src-5.15.8+dfsg
@@ -99,6 +109,11 @@ if [[ ! -f $build/qtbase/.installed ]]; then
             > "$build/qtbase-configure.log" 2>&1) ||
             { tail -40 "$build/qtbase-configure.log"; exit 1; }
     fi
+    if [[ -f $build/qtbase/.building ]]; then
+        step "resuming the qtbase build: dropping what the interrupted run left half written"
+        dropInterrupted "$build/qtbase"
+    fi
+    touch "$build/qtbase/.building"
     step "building qtbase (about half an hour on two cores)"
     make -C "$build/qtbase" -j "$jobs" > "$build/qtbase-build.log" 2>&1 ||
         { grep -m5 -B5 -i 'error' "$build/qtbase-build.log"; exit 1; }
@@ -106,6 +121,7 @@ if [[ ! -f $build/qtbase/.installed ]]; then
     make -C "$build/qtbase" install > "$build/qtbase-install.log" 2>&1 ||
         { tail -20 "$build/qtbase-install.log"; exit 1; }
     touch "$build/qtbase/.installed"
+    rm -f "$build/qtbase/.building"
 fi
 
 if [[ ! -f $build/qtsvg/.installed ]]; then
