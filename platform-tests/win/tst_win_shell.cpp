@@ -1,8 +1,7 @@
-// Known folders, the shell delete, the rename and the loaded module's file name, through
-// the real Win32 calls of the seam.
+// The shell delete and the rename through the real Win32 calls of the seam. The known
+// folders and the module lookup are checked through the library by the storage location
+// and plug-in folder tests of the Windows suite.
 #include "platform/FileManagement.h"
-#include "platform/KnownFolders.h"
-#include "platform/ModuleFile.h"
 
 #include <windows.h>
 
@@ -16,17 +15,6 @@ using namespace VexaPlatform;
 namespace fs = std::filesystem;
 
 namespace {
-
-std::wstring environment(const wchar_t* name)
-{
-    const wchar_t* value = _wgetenv(name);
-    return value ? value : L"";
-}
-
-bool sameTextIgnoringCase(const std::wstring& a, const std::wstring& b)
-{
-    return CompareStringOrdinal(a.c_str(), int(a.size()), b.c_str(), int(b.size()), TRUE) == CSTR_EQUAL;
-}
 
 // Writes a new file; an existing one is left alone and reported.
 bool writeFile(const std::wstring& path, const std::string& content)
@@ -49,33 +37,6 @@ struct TemporaryFolder
 };
 
 } // namespace
-
-TEST(KnownFolders, RestOnTheSystemFolders)
-{
-    // The environment of every Windows process (and of Wine's) names the folders too.
-    for (const auto& [folder, variable] : {std::pair{KnownFolder::LocalAppData, L"LOCALAPPDATA"},
-                                           std::pair{KnownFolder::ProgramData, L"ProgramData"}}) {
-        SCOPED_TRACE(testing::Message() << "folder " << int(folder));
-        const std::wstring base = environment(variable);
-        ASSERT_TRUE(fs::is_directory(base));
-        const std::wstring path = knownFolderSubPath(folder, L"VexaLabs", L"Rectivo 3");
-        EXPECT_TRUE(sameTextIgnoringCase(path, base + L"\\VexaLabs\\Rectivo 3")) << std::string(path.begin(), path.end());
-    }
-
-    const std::wstring pictures = commonPicturesFolder();
-    const std::wstring publicFolder = environment(L"PUBLIC");
-    ASSERT_FALSE(publicFolder.empty());
-    EXPECT_TRUE(fs::is_directory(pictures));
-    EXPECT_TRUE(sameTextIgnoringCase(pictures.substr(0, publicFolder.size()), publicFolder));
-    // The folder is made when missing. Windows' own public pictures folder is never
-    // empty (desktop.ini) and not the test's to remove: this part needs Wine's prefix,
-    // which Wine's ntdll gives away by exporting its version.
-    if (GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version")) {
-        ASSERT_TRUE(RemoveDirectoryW(pictures.c_str()));
-        EXPECT_EQ(commonPicturesFolder(), pictures);
-        EXPECT_TRUE(fs::is_directory(pictures));
-    }
-}
 
 TEST(ShellDelete, RemovesFilesAndFoldersWithNonAsciiNamesAndFailsOnMissing)
 {
@@ -116,17 +77,4 @@ TEST(Rename, MovesButNeverReplaces)
     EXPECT_FALSE(fs::exists(source));
     EXPECT_EQ(fs::file_size(moved), 6u);
     EXPECT_FALSE(renameWithoutOverwrite(folder.filePath(L"missing.txt"), folder.filePath(L"other.txt")));
-}
-
-TEST(ModuleFile, LoadedModuleOrTheHostExecutable)
-{
-    std::wstring fileName;
-    ASSERT_TRUE(loadedModuleFileName(L"kernel32.dll", fileName));
-    EXPECT_TRUE(sameTextIgnoringCase(fileName.substr(fileName.size() - 13), L"\\kernel32.dll"));
-    EXPECT_TRUE(fs::exists(fileName));
-    // Not loaded: the host executable's own name, whole (its length counted, no terminator
-    // inside; Wine may leave the buffer of GetModuleFileNameW unterminated).
-    ASSERT_TRUE(loadedModuleFileName(L"PhotoshopPlugin-connectorvrcv3.dll", fileName));
-    wchar_t host[MAX_PATH] = {};
-    EXPECT_EQ(fileName, std::wstring(host, GetModuleFileNameW(nullptr, host, MAX_PATH)));
 }

@@ -19,10 +19,9 @@ QStringList TestLogger::lines() const
 QStringList TestLogger::linesAt(char level) const
 {
     QStringList result;
-    for (const QString& line : lines()) {
+    for (const QString& line : lines())
         if (line.at(0) == QChar(level))
             result << line.mid(2);
-    }
     return result;
 }
 

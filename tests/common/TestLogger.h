@@ -3,7 +3,6 @@
 #include "LoggerInterface.h"
 
 #include <QMutex>
-#include <QString>
 #include <QStringList>
 
 namespace UtilsDllTest {

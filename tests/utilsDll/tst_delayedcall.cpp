@@ -28,11 +28,7 @@ public:
         record(QString("nine %1 ").arg(a + b + c + d + e + f + g) + h + i);
     }
 private:
-    void record(const QString& call)
-    {
-        ++s_allCalls;
-        calls << call;
-    }
+    void record(const QString& call) { ++s_allCalls; calls << call; }
 };
 
 std::atomic<int> CallTarget::s_allCalls{0};

@@ -8,7 +8,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QRegularExpression>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -179,17 +178,6 @@ private slots:
         // A temporary store starts as a first launch, however often the product ran.
         useTemporaryStore();
         QVERIFY(isFirstLaunch());
-    }
-
-    void userIdIsSharedAndStable()
-    {
-        useTemporaryStore();
-        const QString id = getUserID();
-        QVERIFY(QRegularExpression("^[0-9a-f]{8}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{12}$").match(id).hasMatch());
-        // In the maker's own store, in neither the product's nor the temporary one.
-        const QString makerStoreFile = qEnvironmentVariable("XDG_CONFIG_HOME") + "/VexaLabs.conf";
-        QCOMPARE(QSettings(makerStoreFile, QSettings::IniFormat).value("UserID").toString(), id);
-        QVERIFY(!m_store->contains("UserID") && !systemStore().contains("UserID"));
     }
 
     void reseller_data()

@@ -18,17 +18,10 @@ using Vexa::COperationCompletionWaiterWithResult;
 namespace {
 
 // Takes every event itself and remembers its type.
-class EventRecorder : public QObject
+struct EventRecorder : QObject
 {
-public:
     QList<int> received;
-
-protected:
-    bool event(QEvent* event) override
-    {
-        received << event->type();
-        return true;
-    }
+    bool event(QEvent* event) override { received << event->type(); return true; }
 };
 
 class Operation : public QObject
