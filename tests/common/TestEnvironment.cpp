@@ -20,35 +20,28 @@ QByteArray makeRoot()
     return root.path().toLocal8Bit();
 }
 
-void setPathVariable(const char* name, const QByteArray& path)
-{
-    QDir().mkpath(QString::fromLocal8Bit(path));
-    qputenv(name, path);
-}
-
 } // namespace
 
 IsolatedEnvironment::IsolatedEnvironment()
     : m_root(makeRoot())
 {
     const QByteArray home = m_root + "/home";
-    setPathVariable("HOME", home);
-    setPathVariable("XDG_CONFIG_HOME", home + "/.config");
-    setPathVariable("XDG_DATA_HOME", home + "/.local/share");
-    setPathVariable("XDG_CACHE_HOME", home + "/.cache");
-    setPathVariable("XDG_CONFIG_DIRS", m_root + "/etc/xdg");
-    setPathVariable("XDG_DATA_DIRS", m_root + "/usr/share");
-    setPathVariable("XDG_RUNTIME_DIR", m_root + "/run");
+    const QList<QPair<const char*, QByteArray>> folders = {
+        {"HOME", home}, {"XDG_CONFIG_HOME", home + "/.config"}, {"XDG_DATA_HOME", home + "/.local/share"},
+        {"XDG_CACHE_HOME", home + "/.cache"}, {"XDG_CONFIG_DIRS", m_root + "/etc/xdg"},
+        {"XDG_DATA_DIRS", m_root + "/usr/share"}, {"XDG_RUNTIME_DIR", m_root + "/run"}, {"TMPDIR", m_root + "/tmp"},
+#ifdef Q_OS_WIN
+        // Windows takes the temporary folder from TMP or TEMP. The known folders and the
+        // registry stay the user's: under Wine each test runs in a fresh prefix instead.
+        {"TMP", m_root + "/tmp"}, {"TEMP", m_root + "/tmp"},
+#endif
+    };
+    for (const auto& [name, path] : folders) {
+        QDir().mkpath(QString::fromLocal8Bit(path));
+        qputenv(name, path);
+    }
     QFile::setPermissions(QString::fromLocal8Bit(m_root + "/run"),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    setPathVariable("TMPDIR", m_root + "/tmp");
-#ifdef Q_OS_WIN
-    // Windows takes the temporary folder from TMP or TEMP. The known folders and the
-    // registry stay the user's: under Wine each test runs in a fresh prefix instead.
-    setPathVariable("TMP", m_root + "/tmp");
-    setPathVariable("TEMP", m_root + "/tmp");
-#endif
-
     QFile userDirs(QString::fromLocal8Bit(home + "/.config/user-dirs.dirs"));
     if (userDirs.open(QIODevice::WriteOnly))
         userDirs.write("XDG_PICTURES_DIR=\"$HOME/Pictures\"\n");
@@ -60,14 +53,8 @@ IsolatedEnvironment::~IsolatedEnvironment()
         QDir(QString::fromLocal8Bit(m_root)).removeRecursively();
 }
 
-QString IsolatedEnvironment::root()
-{
-    return QDir::cleanPath(home() + "/..");
-}
+QString IsolatedEnvironment::root() { return QDir::cleanPath(home() + "/.."); }
 
-QString IsolatedEnvironment::home()
-{
-    return QString::fromLocal8Bit(qgetenv("HOME"));
-}
+QString IsolatedEnvironment::home() { return QString::fromLocal8Bit(qgetenv("HOME")); }
 
 } // namespace UtilsDllTest

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
+#include <QtTest>
 
 namespace UtilsDllTest {
 
@@ -25,8 +24,6 @@ private:
 };
 
 } // namespace UtilsDllTest
-
-#include <QtTest>
 
 // QTEST_MAIN with an isolated environment. AppClass is QCoreApplication,
 // QGuiApplication or QApplication.

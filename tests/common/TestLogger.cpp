@@ -4,13 +4,6 @@
 
 namespace UtilsDllTest {
 
-bool TestLogger::initialize(const std::string&, const std::string&, char)
-{
-    QMutexLocker lock(&m_mutex);
-    ++m_initializeCalls;
-    return true;
-}
-
 void TestLogger::log(char level, const char* text)
 {
     QMutexLocker lock(&m_mutex);
@@ -26,11 +19,9 @@ QStringList TestLogger::lines() const
 QStringList TestLogger::linesAt(char level) const
 {
     QStringList result;
-    const QString prefix = QString(QChar(level)) + ' ';
-    for (const QString& line : lines()) {
-        if (line.startsWith(prefix))
+    for (const QString& line : lines())
+        if (line.at(0) == QChar(level))
             result << line.mid(2);
-    }
     return result;
 }
 
@@ -38,23 +29,6 @@ void TestLogger::clear()
 {
     QMutexLocker lock(&m_mutex);
     m_lines.clear();
-}
-
-int TestLogger::initializeCalls() const
-{
-    QMutexLocker lock(&m_mutex);
-    return m_initializeCalls;
-}
-
-ScopedTestLogger::ScopedTestLogger()
-    : m_previous(Vexa::s_logger)
-{
-    Vexa::s_logger = &m_logger;
-}
-
-ScopedTestLogger::~ScopedTestLogger()
-{
-    Vexa::s_logger = m_previous;
 }
 
 } // namespace UtilsDllTest

@@ -3,7 +3,6 @@
 #include "LoggerInterface.h"
 
 #include <QMutex>
-#include <QString>
 #include <QStringList>
 
 namespace UtilsDllTest {
@@ -13,7 +12,7 @@ namespace UtilsDllTest {
 class TestLogger : public Vexa::ILoggerInterface
 {
 public:
-    bool initialize(const std::string& folder, const std::string& logName, char level) override;
+    bool initialize(const std::string&, const std::string&, char) override { return true; }
     void log(char level, const char* text) override;
 
     // Lines as "<level> <text>", in the order received.
@@ -21,23 +20,19 @@ public:
     QStringList linesAt(char level) const;
     void clear();
 
-    int initializeCalls() const;
-
 private:
     mutable QMutex m_mutex;
     QStringList m_lines;
-    int m_initializeCalls = 0;
 };
 
 class ScopedTestLogger
 {
 public:
-    ScopedTestLogger();
-    ~ScopedTestLogger();
+    ScopedTestLogger() : m_previous(Vexa::s_logger) { Vexa::s_logger = &m_logger; }
+    ~ScopedTestLogger() { Vexa::s_logger = m_previous; }
     ScopedTestLogger(const ScopedTestLogger&) = delete;
     ScopedTestLogger& operator=(const ScopedTestLogger&) = delete;
 
-    TestLogger& logger() { return m_logger; }
     TestLogger* operator->() { return &m_logger; }
 
 private:

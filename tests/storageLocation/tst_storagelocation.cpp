@@ -7,10 +7,7 @@
 #include <QDir>
 #include <QStandardPaths>
 
-#include <atomic>
 #include <stdexcept>
-#include <thread>
-#include <vector>
 
 using Vexa::CStorageLocation;
 
@@ -25,26 +22,6 @@ class TestStorageLocation : public QObject
 {
     Q_OBJECT
 private slots:
-    // Runs first: the cached location must not have been asked for before.
-    void racingFirstCallsAgreeAndMakeTheFolder()
-    {
-        constexpr int threadCount = 8;
-        std::atomic<int> ready{0};
-        std::vector<QString> results(threadCount);
-        std::vector<std::thread> threads;
-        for (int i = 0; i < threadCount; ++i) {
-            threads.emplace_back([&, i] {
-                for (++ready; ready.load() < threadCount;)
-                    std::this_thread::yield();
-                results[i] = CStorageLocation::favoritePresetPath();
-            });
-        }
-        for (std::thread& thread : threads)
-            thread.join();
-        QCOMPARE(results, std::vector<QString>(threadCount, productFolder() + "Favorite/"));
-        QVERIFY(QDir(results.front()).exists());
-    }
-
     void preferencesPathIsRequiredAndKeptAsGiven()
     {
         try {
@@ -82,7 +59,7 @@ private slots:
             {&CStorageLocation::diskCacheLocation, "DiskCache/"},     {&CStorageLocation::cachedTokenFilePath, "Facebook/"},
             {&CStorageLocation::packUserStoragePath, "PresetPack/"},  {&CStorageLocation::cafDataPath, "Modules/"},
             {&CStorageLocation::crashFilesPath, "CrashReports/"},     {&CStorageLocation::loggerFilesPath, "Logs/"},
-            {&CStorageLocation::crashTempFilesPath, "CrashReports/temp/"},
+            {&CStorageLocation::crashTempFilesPath, "CrashReports/temp/"}, {&CStorageLocation::favoritePresetPath, "Favorite/"},
         };
         QVERIFY(QDir(productFolder()).removeRecursively());
         for (const auto& [path, folder] : made) {

@@ -3,14 +3,11 @@
 
 #include <QSignalSpy>
 #include <QThread>
-#include <QThreadPool>
 #include <QTimer>
 
 #include <atomic>
-#include <memory>
 #include <stdexcept>
 #include <thread>
-#include <vector>
 
 namespace {
 
@@ -63,37 +60,6 @@ class TestRunnableItem : public QObject
 {
     Q_OBJECT
 private slots:
-    void poolRunsItemsUntilStopped()
-    {
-        const int itemCount = 3;
-        QThreadPool pool;
-        pool.setMaxThreadCount(itemCount);
-        WorkState states[itemCount];
-        std::vector<std::unique_ptr<PollingItem>> items;
-        QList<QVariantList> finishedArguments[itemCount];
-        for (int i = 0; i < itemCount; ++i) {
-            items.emplace_back(new PollingItem(states[i]));
-            connect(items[i].get(), &CQRunnableItem::finished, this,
-                    [&finishedArguments, i](bool ok, bool stopped) { finishedArguments[i] << QVariantList{ok, stopped}; });
-            pool.start(items[i].get());
-        }
-        for (auto& item : items) {
-            item->waitStartBlocking();
-            QVERIFY(item->isStarted() && !item->isFinished());
-            item->stop();
-        }
-        std::thread watcher([&] { // another thread waits for the finish
-            for (auto& item : items)
-                item->waitFinishBlocking();
-        });
-        watcher.join();
-        QVERIFY(pool.waitForDone(5000));
-        for (int i = 0; i < itemCount; ++i) {
-            QTRY_COMPARE(finishedArguments[i], QList<QVariantList>{(QVariantList{false, true})});
-            QVERIFY(states[i].hookCalls == 2 && items[i]->isFinished());
-        }
-    }
-
     void stopBeforeRun_data()
     {
         QTest::addColumn<bool>("emitting");
@@ -141,25 +107,6 @@ private slots:
         QCOMPARE(stubbornState.hookCalls.load(), 1);
     }
 
-    void interruptedThreadSeesStopRequired()
-    {
-        WorkState state;
-        state.release = true;
-        PollingItem item(state);
-        std::atomic<bool> seenOnInterrupted{false};
-        std::unique_ptr<QThread> thread(QThread::create([&] {
-            QThread::currentThread()->requestInterruption();
-            seenOnInterrupted = item.stopRequired();
-            item.run(); // a no-op on an interrupted thread, and so is stop
-            item.stop();
-        }));
-        thread->start();
-        QVERIFY(thread->wait(5000));
-        QVERIFY(seenOnInterrupted);
-        QCOMPARE(state.executeCalls + state.hookCalls, 0);
-        QVERIFY(!item.stopRequired()); // the asking thread counts
-    }
-
     void destructorWaitsForExecute()
     {
         WorkState state;
@@ -167,6 +114,7 @@ private slots:
         auto* item = new PollingItem(state, false);
         std::thread runner([item] { item->run(); });
         item->waitStartBlocking();
+        QVERIFY(item->isStarted() && !item->isFinished());
         item->stop();
         while (!state.pollingLeft)
             QThread::yieldCurrentThread();
@@ -175,26 +123,18 @@ private slots:
         runner.join();
     }
 
-    void waitsFromGuiThreadPumpEvents()
+    void nonBlockingWaitsPumpEvents()
     {
         // The release comes from this thread's own timer: only a pumping wait sees it.
         WorkState state;
         PollingItem item(state);
-        QThreadPool pool;
-        for (bool excludeUserInput : {false, true}) {
-            state.release = false;
-            state.executeLeft = false;
-            QTimer::singleShot(30, &item, [&] { state.release = true; });
-            pool.start(&item);
-            if (excludeUserInput) {
-                item.waitStartNonBlocking(true);
-                item.waitFinishNonBlocking(true);
-            } else {
-                item.waitExecuteNonBlocking(false);
-            }
-            QVERIFY(state.executeLeft);
-            QVERIFY(pool.waitForDone(5000));
-        }
+        QTimer::singleShot(30, &item, [&] { state.release = true; });
+        std::thread runner([&item] { item.run(); });
+        item.waitStartNonBlocking(true);
+        item.waitExecuteNonBlocking(false);
+        QVERIFY(state.executeLeft);
+        item.waitFinishNonBlocking(true);
+        runner.join();
     }
 };
 
