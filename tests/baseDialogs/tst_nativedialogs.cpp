@@ -2,11 +2,7 @@
 #include "DialogDriver.h"
 #include "TestEnvironment.h"
 
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QFile>
-#include <QPushButton>
-#include <QTemporaryDir>
+#include <QtWidgets>
 
 using namespace VEXA_NAMESPACE;
 using UtilsDllTest::whenModalShown;

@@ -6,16 +6,7 @@
 #include "HostWarningDlg.h"
 #include "MessageBox.h"
 
-#include <QApplication>
-#include <QDir>
-#include <QLabel>
-#include <QMouseEvent>
-#include <QPointer>
-#include <QPushButton>
-#include <QScreen>
-#include <QScopeGuard>
-#include <QTemporaryFile>
-#include <QThread>
+#include <QtWidgets>
 
 #include <unistd.h>
 

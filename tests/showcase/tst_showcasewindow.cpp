@@ -7,14 +7,7 @@
 #include "LanguageManager.h"
 #include "storageLocation.h"
 
-#include <QComboBox>
-#include <QDialog>
-#include <QLabel>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRegularExpression>
-#include <QSpinBox>
-#include <QTabWidget>
+#include <QtWidgets>
 
 #include <memory>
 

@@ -1,18 +1,12 @@
 #include "TestEnvironment.h"
 #include "TestLogger.h"
 
-#include "CVerticalLabel.h"
 #include "GuiUtils.h"
 #include "IconViewer.h"
 #include "ToolDrawing.h"
 #include "customvexaappstyle.h"
 
-#include <QApplication>
-#include <QPainter>
-#include <QPushButton>
-#include <QScreen>
-#include <QStyleFactory>
-#include <QStyleOption>
+#include <QtWidgets>
 
 #include <cmath>
 #include <functional>
@@ -80,7 +74,7 @@ QImage rendered(QWidget& widget)
 
 } // namespace
 
-// GUI helpers and tool drawing, the icon viewer and vertical label, the application style.
+// GUI helpers and tool drawing, the icon viewer, the application style.
 class TestWidgets : public QObject
 {
     Q_OBJECT
@@ -309,20 +303,6 @@ private slots:
         m_viewer->setAspectRatio(aspect);
         QCOMPARE(inkRect(rendered(*m_viewer)), expected);
         QCOMPARE(m_viewer->sizeHint(), (mandatory.isValid() ? mandatory : imageSize) + QSize(200, 200));
-    }
-
-    void verticalLabelSwapsHints()
-    {
-        QLabel plain("Vertical text");
-        CVerticalLabel vertical("Vertical text");
-        QCOMPARE(vertical.sizeHint(), plain.sizeHint().transposed());
-        QCOMPARE(vertical.minimumSizeHint(), plain.minimumSizeHint().transposed());
-        QFont font = vertical.font();
-        font.setPixelSize(12);
-        vertical.setFont(font);
-        vertical.resize(20, 200); // the text runs upwards from the bottom edge
-        const QRect ink = inkRect(rendered(vertical));
-        QVERIFY(ink.height() > ink.width() && ink.bottom() >= 190 && ink.top() > 50);
     }
 
     void buttonShift_data()
