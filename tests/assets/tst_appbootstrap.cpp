@@ -9,6 +9,20 @@ using UtilsDllTest::ScopedTestLogger;
 
 namespace {
 
+class EventRecorder : public QWidget
+{
+public:
+    QList<QEvent::Type> events;
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::Enter || event->type() == QEvent::Leave || event->type() == QEvent::MouseMove)
+            events << event->type();
+        return QWidget::event(event);
+    }
+};
+
 QString writeFile(const QTemporaryDir& dir, const QString& name, const QByteArray& content)
 {
     QFile file(dir.filePath(name));
@@ -220,6 +234,36 @@ private slots:
         }
     }
 
+    void flickHoverEvent()
+    {
+        EventRecorder widget;
+        widget.setGeometry(100, 100, 200, 100);
+        widget.show();
+        QApplication::setActiveWindow(&widget);
+        QVERIFY(QTest::qWaitForWindowActive(&widget));
+
+        // Outside: one Leave, and the cursor stays where it was.
+        QCursor::setPos(10, 10);
+        const QPoint outside = QCursor::pos();
+        widget.events.clear();
+        Vexa::flickHoverEvent(&widget);
+        QCOMPARE(widget.events, QList<QEvent::Type>{QEvent::Leave});
+        QCOMPARE(QCursor::pos(), outside);
+
+        // Inside a widget that is no menu: Leave then Enter, no mouse event, cursor put back.
+        const QPoint inside = widget.mapToGlobal(QPoint(50, 50));
+        QCursor::setPos(inside);
+        widget.events.clear();
+        Vexa::flickHoverEvent(&widget);
+        QCOMPARE(widget.events, QList<QEvent::Type>({QEvent::Leave, QEvent::Enter}));
+        QCOMPARE(QCursor::pos(), inside);
+
+        widget.setMouseTracking(true); // else Qt delivers no move without buttons
+        widget.events.clear();
+        Vexa::synthesizeMouseEvent(&widget, inside);
+        Vexa::synthesizeMouseEvent(nullptr, inside);
+        QCOMPARE(widget.events, QList<QEvent::Type>{QEvent::MouseMove});
+    }
 };
 
 UTILSDLL_TEST_MAIN_WITH(TestAppBootstrap, QApplication)

@@ -95,11 +95,13 @@ private slots:
     }
 
     // The caller's options have no effect: only the folder chooser keeps one option of its own.
-    void fileDialogsIgnoreCallerOptions()
+    // The scripting setters only store: the call whose answer was set still shows a dialog.
+    void fileDialogsIgnoreOptionsAndStoredAnswers()
     {
         const QFileDialog::Options callerOptions = QFileDialog::ReadOnly | QFileDialog::HideNameFilterDetails;
         CNativeDialogs& dialogs = CNativeDialogs::instance();
         const QString folder = m_folder.path();
+        QVERIFY(QMetaObject::invokeMethod(&dialogs, "setOpenFileName", Q_ARG(QString, m_folder.filePath("a.jpg"))));
         const QList<std::function<QVariant()>> calls = {
             [&] { return dialogs.getOpenFileName(&m_parent, "Open", folder, "*.jpg", nullptr, callerOptions); },
             [&] { return dialogs.getOpenFileNames(&m_parent, "Open", folder, "*.jpg", nullptr, callerOptions); },

@@ -1,4 +1,5 @@
 #include "TestEnvironment.h"
+#include "TestLogger.h"
 
 #include "AboutDlg.h"
 #include "CBaseDialog.h"
@@ -142,9 +143,10 @@ class TestDialogs : public QObject
 private slots:
     void cleanup() { QDir(licencesFolder()).removeRecursively(); }
 
-    void baseDialogCentring()
+    void baseDialogButtonsAndCentring()
     {
-        HeaderDialog dialog(0);
+        HeaderDialog dialog(0, Qt::WindowMinMaxButtonsHint | Qt::WindowContextHelpButtonHint);
+        QVERIFY(!(dialog.windowFlags() & (Qt::WindowMinMaxButtonsHint | Qt::WindowContextHelpButtonHint)));
         // Centred on the first show only: shown again, it stays where it was left.
         dialog.show();
         QVERIFY(QTest::qWaitForWindowExposed(&dialog));
@@ -251,6 +253,23 @@ private slots:
         }
     }
 
+    // The scripting client's setters only store: the dialog still shows and the user answers.
+    void scriptedAnswersAreOnlyStored()
+    {
+        UtilsDllTest::ScopedTestLogger logger;
+        whenModalShown<CMessageBox>([&logger](CMessageBox* box) {
+            const auto answer = qScopeGuard([box] { act(box, "noButton"); });
+            QVERIFY(QMetaObject::invokeMethod(box, "setYesNoMessage", Q_ARG(bool, true)));
+            QVERIFY(QMetaObject::invokeMethod(box, "setSaveDiscardCancelMessage", Q_ARG(int, QMessageBox::Save)));
+            QVERIFY(logger->lines().isEmpty());
+            QVERIFY(QMetaObject::invokeMethod(box, "setSaveDiscardCancelMessage", Q_ARG(int, QMessageBox::Yes)));
+            QCOMPARE(logger->linesAt('E').size(), 1);
+        });
+        QCOMPARE(CMessageBox::yesNoMessage(nullptr, "First", 200), QMessageBox::No);
+        whenModalShown<CMessageBox>([](CMessageBox* box) { act(box, "noButton"); });
+        QCOMPARE(CMessageBox::yesNoMessage(nullptr, "Second", 200), QMessageBox::No);
+    }
+
     void hostWarning()
     {
         // The focus starts on Quit, so Return at once quits.
@@ -264,8 +283,22 @@ private slots:
         }
 
         CHostWarningDlg dialog(nullptr);
+        dialog.show();
         QCOMPARE(dialog.objectName(), QString("HostWarningDlg"));
         QCOMPARE(dialog.windowTitle(), QString("Open original image"));
+        auto* checkBox = dialog.findChild<QCheckBox*>("showExplanatoryCheckBox");
+        for (int height : {315, 180}) {
+            QTest::mouseClick(checkBox, Qt::LeftButton, {}, QPoint(5, checkBox->height() / 2));
+            QCOMPARE(dialog.height(), height);
+        }
+
+        // The language is applied at construction only.
+        QTranslator german;
+        QVERIFY(german.load(":/translations/vexa_de.qm") && QCoreApplication::installTranslator(&german));
+        const auto remove = qScopeGuard([&german] { QCoreApplication::removeTranslator(&german); });
+        QCOMPARE(textOf(&dialog, "quitButton"), QString("Quit"));
+        CHostWarningDlg translated(nullptr);
+        QCOMPARE(textOf(&translated, "quitButton"), QString("Beenden"));
     }
 
     void errorStrings()
