@@ -296,6 +296,7 @@ private slots:
         QTranslator german;
         QVERIFY(german.load(":/translations/vexa_de.qm") && QCoreApplication::installTranslator(&german));
         const auto remove = qScopeGuard([&german] { QCoreApplication::removeTranslator(&german); });
+        QCoreApplication::processEvents(); // delivers the posted LanguageChange
         QCOMPARE(textOf(&dialog, "quitButton"), QString("Quit"));
         CHostWarningDlg translated(nullptr);
         QCOMPARE(textOf(&translated, "quitButton"), QString("Beenden"));
