@@ -1,50 +1,34 @@
 #include "CNativeDialogs.h"
+#include "DialogDriver.h"
 #include "TestEnvironment.h"
 
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QFile>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTimer>
-
-#include <functional>
+#include <QtWidgets>
 
 using namespace VEXA_NAMESPACE;
+using UtilsDllTest::whenModalShown;
 
 namespace {
-
-// Runs action on the file dialog that the next modal call shows.
-void whenDialogShows(const std::function<void(QFileDialog*)>& action)
-{
-    QTimer::singleShot(0, [action]() {
-        QFileDialog* dialog = nullptr;
-        QTRY_VERIFY((dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) != nullptr);
-        action(dialog);
-        // A failed check above must not leave the modal dialog waiting forever.
-        if (dialog->isVisible())
-            dialog->reject();
-    });
-}
 
 // The names that the dialog's file view shows, once its folder is loaded.
 QStringList shownNames(QFileDialog* dialog)
 {
     QAbstractItemView* view = dialog->findChild<QAbstractItemView*>(QStringLiteral("listView"));
     QStringList names;
-    if (!view)
-        return names;
-    const QModelIndex root = view->rootIndex();
-    for (int row = 0; row < view->model()->rowCount(root); ++row)
+    const QModelIndex root = view ? view->rootIndex() : QModelIndex();
+    for (int row = 0; view && row < view->model()->rowCount(root); ++row)
         names << view->model()->index(row, 0, root).data().toString();
     names.sort();
     return names;
 }
 
-bool touch(const QString& path)
+// Runs action on the file dialog shown next; a failed check must not leave it waiting.
+void whenDialogShows(const std::function<void(QFileDialog*)>& action)
 {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly);
+    whenModalShown<QFileDialog>([action](QFileDialog* dialog) {
+        action(dialog);
+        if (dialog->isVisible())
+            dialog->reject();
+    });
 }
 
 } // namespace
@@ -57,10 +41,9 @@ private slots:
     void initTestCase()
     {
         QVERIFY(m_folder.isValid());
-        for (const char* name : {"a.jpg", "b.tif", "notes.txt"})
-            QVERIFY(touch(m_folder.filePath(QLatin1String(name))));
         QVERIFY(QDir(m_folder.path()).mkdir("sub"));
-        QVERIFY(touch(m_folder.filePath("sub/c.jpg")));
+        for (const char* name : {"a.jpg", "b.tif", "notes.txt", "sub/c.jpg"})
+            QVERIFY(QFile(m_folder.filePath(QLatin1String(name))).open(QIODevice::WriteOnly));
         m_parent.show();
     }
 
@@ -111,16 +94,14 @@ private slots:
         QCOMPARE(answer, QString());
     }
 
-    // The caller's options have no effect. The scripting setters only store: each call, even
-    // the one whose answer was set, still shows a dialog.
+    // The caller's options have no effect: only the folder chooser keeps one option of its own.
+    // The scripting setters only store: the call whose answer was set still shows a dialog.
     void fileDialogsIgnoreOptionsAndStoredAnswers()
     {
         const QFileDialog::Options callerOptions = QFileDialog::ReadOnly | QFileDialog::HideNameFilterDetails;
         CNativeDialogs& dialogs = CNativeDialogs::instance();
         const QString folder = m_folder.path();
         QVERIFY(QMetaObject::invokeMethod(&dialogs, "setOpenFileName", Q_ARG(QString, m_folder.filePath("a.jpg"))));
-        QVERIFY(QMetaObject::invokeMethod(&dialogs, "setOpenFileNames",
-                                          Q_ARG(QVariantList, QVariantList() << m_folder.filePath("a.jpg"))));
         const QList<std::function<QVariant()>> calls = {
             [&] { return dialogs.getOpenFileName(&m_parent, "Open", folder, "*.jpg", nullptr, callerOptions); },
             [&] { return dialogs.getOpenFileNames(&m_parent, "Open", folder, "*.jpg", nullptr, callerOptions); },
@@ -128,17 +109,12 @@ private slots:
             [&] { return dialogs.getExistingDirectory(&m_parent, "Folder", folder, callerOptions); },
         };
         for (int i = 0; i < calls.size(); ++i) {
-            bool shown = false;
-            QFileDialog::Options seen;
-            whenDialogShows([&seen, &shown](QFileDialog* dialog) {
-                shown = true;
+            QFileDialog::Options seen = QFileDialog::DontConfirmOverwrite; // never asked for: shows a missed dialog
+            whenDialogShows([&seen](QFileDialog* dialog) {
                 seen = dialog->options() & ~QFileDialog::Options(QFileDialog::DontUseNativeDialog);
-                dialog->reject();
             });
             const QVariant answer = calls[i]();
             QVERIFY2(answer.toStringList().join(QString()).isEmpty(), qPrintable(answer.toStringList().join('|')));
-            QVERIFY(shown);
-            // Only the folder chooser keeps one option of its own.
             QCOMPARE(seen, i == 3 ? QFileDialog::Options(QFileDialog::ShowDirsOnly) : QFileDialog::Options());
         }
     }
