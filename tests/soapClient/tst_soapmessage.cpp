@@ -1,11 +1,11 @@
 // QtSoapMessage: the envelope as it goes out, parsing and validation of replies,
-// the fault operations, hostile input and the inputs the fuzzer has found.
+// the fault operations and hostile input. The inputs the fuzzer has found are
+// replayed by the fuzz targets' own tests.
 #include "TestEnvironment.h"
 
 #include "QtSoapArray.h"
 #include "QtSoapMessage.h"
 
-#include <QDir>
 #include <QFile>
 
 using namespace VEXA_NAMESPACE;
@@ -48,12 +48,6 @@ QString outcome(const QtSoapMessage& message, bool parsed)
         + (detail.count() ? QStringLiteral(" / ") + detail[0].name().name() + QStringLiteral(": ") + detail[0].toString()
                           : QString());
 }
-
-class ExposedMessage : public QtSoapMessage
-{
-public:
-    using QtSoapMessage::body;
-};
 
 QByteArray deepNesting(int levels)
 {
@@ -111,22 +105,6 @@ private slots:
         const QString written = message.toXmlString(0);
         QCOMPARE(written, readDataFile(expectedFile));
         QCOMPARE(message.toXmlString(0), written); // the envelope attributes are not repeated
-    }
-
-    // Children keep the order of the calls, and the body appears only when asked for.
-    void envelopeLayout()
-    {
-        QtSoapMessage message;
-        message.setMethod(QStringLiteral("m"));
-        message.addHeaderItem(scalar(QStringLiteral("h"), 1));
-        const QString written = message.toXmlString(0);
-        QVERIFY(written.indexOf(QLatin1String("<SOAP-ENV:Body")) < written.indexOf(QLatin1String("<SOAP-ENV:Header")));
-
-        ExposedMessage bare;
-        QVERIFY(!bare.toXmlString(0).contains(QLatin1String("Body")));
-        QCOMPARE(bare.body().count(), 0);
-        QVERIFY(bare.toXmlString(0).contains(
-            QLatin1String("<SOAP-ENV:Body xmlns:SOAP-ENV=\"http://schemas.xmlsoap.org/soap/envelope/\"/>")));
     }
 
     void badInput_data()
@@ -194,9 +172,6 @@ private slots:
         QTest::newRow("integer code is not read")
             << envelopeWithBody("<e:Fault><faultcode type='int'>3</faultcode></e:Fault>") << int(QtSoapMessage::Other)
             << QString() << QString();
-        QTest::newRow("no fault")
-            << QByteArray("<?xml version='1.0'?>") + envelopeWithBody("<m><r>1</r></m>") << int(QtSoapMessage::Other)
-            << QString() << QString();
     }
 
     void readsReplies()
@@ -215,7 +190,7 @@ private slots:
         QCOMPARE(message.toXmlString(0).count(QLatin1String("Fault")), xml.count("Fault"));
     }
 
-    void methodFaultAndCopyOperations()
+    void methodAndFaultOperations()
     {
         QtSoapMessage message;
         QtSoapSimpleType orphan(QtSoapQName(QStringLiteral("a"), QStringLiteral("urn:u")), 1);
@@ -233,18 +208,13 @@ private slots:
         QCOMPARE(message.faultCode(), QtSoapMessage::Server); // the first code wins
         QCOMPARE(message.faultString().toString(), QStringLiteral("why"));
         QVERIFY(!message.faultDetail().isValid()); // "Faultdetail" is written, "Detail" read
-
-        QtSoapMessage source;
-        source.setMethod(QStringLiteral("m"));
-        source.addMethodArgument(QStringLiteral("n"), QString(), 3);
-        QtSoapMessage copy(source);
-        source.clear();
-        QCOMPARE(source.errorString(), QStringLiteral("Unknown error"));
-        QVERIFY(!source.method().isValid());
         // A failed setContent keeps what was there and appends its fault.
-        QVERIFY(!copy.setContent(QByteArray("<broken")));
-        QCOMPARE(copy.returnValue().toInt(), 3);
-        QCOMPARE(copy.faultCode(), QtSoapMessage::VersionMismatch);
+        QtSoapMessage kept;
+        kept.setMethod(QStringLiteral("m"));
+        kept.addMethodArgument(QStringLiteral("n"), QString(), 3);
+        QVERIFY(!kept.setContent(QByteArray("<broken")));
+        QCOMPARE(kept.returnValue().toInt(), 3);
+        QCOMPARE(kept.faultCode(), QtSoapMessage::VersionMismatch);
 
         // An empty body reads as a string scalar; a fault written into it is still a proper fault tree.
         QtSoapMessage empty;
@@ -264,30 +234,6 @@ private slots:
         QVERIFY(message.setContent(envelopeWithBody("<m><r>" + QByteArray(50 * 1024 * 1024, 'a') + "</r></m>")));
         QCOMPARE(message.returnValue().toString().size(), 50 * 1024 * 1024);
         QVERIFY(!message.isFault());
-    }
-
-    // Every seed and every input the fuzzer ever flagged: none may crash (the
-    // sanitizer builds catch the rest), and what is written afterwards is XML.
-    void replaysFuzzInputs()
-    {
-        QStringList files;
-        for (const QString& folder : {QStringLiteral(SOAP_FUZZ_CORPUS), QStringLiteral(SOAP_TEST_DATA "/fuzz-regressions")}) {
-            const QDir dir(folder);
-            for (const QString& name : dir.entryList(QDir::Files))
-                files << dir.filePath(name);
-        }
-        QVERIFY(files.size() >= 9);
-        for (const QString& path : files) {
-            QFile file(path);
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            QtSoapMessage message;
-            message.setContent(file.readAll());
-            message.setFaultCode(QtSoapMessage::Client);
-            message.addMethodArgument(QStringLiteral("a"), QString(), 1);
-            QDomDocument written;
-            QVERIFY2(written.setContent(message.toXmlString(0), true), qPrintable(path));
-            QVERIFY2(message.isFault(), qPrintable(path));
-        }
     }
 };
 

@@ -4,7 +4,6 @@
 
 #include "QtSoapHttpTransport.h"
 
-#include <QElapsedTimer>
 #include <QNetworkReply>
 #include <QProcess>
 #include <QSignalSpy>
@@ -17,7 +16,7 @@ Q_DECLARE_METATYPE(QtSoapMessage::FaultCode)
 namespace {
 
 // Records each request as it arrived and answers with `status` and `body`, where
-// "#N#" becomes the request's ordinal. The first `hold` requests wait for release().
+// "#N#" becomes the request's ordinal.
 class RecordingServer : public QTcpServer
 {
 public:
@@ -34,16 +33,7 @@ public:
     };
     int status = 200;
     QByteArray body;
-    int hold = 0;
     QList<Request> requests;
-
-    void release()
-    {
-        for (const auto& held : m_held)
-            answer(held.first, held.second);
-        m_held.clear();
-        hold = 0;
-    }
 
 protected:
     void incomingConnection(qintptr descriptor) override
@@ -69,21 +59,11 @@ private:
         request.body = buffer.mid(headerEnd + 4, length);
         buffer.clear();
         requests.append(request);
-        if (requests.size() <= hold)
-            m_held.append({socket, requests.size()});
-        else
-            answer(socket, requests.size());
-    }
-
-    void answer(QTcpSocket* socket, int ordinal)
-    {
-        const QByteArray reply = QByteArray(body).replace("#N#", QByteArray::number(ordinal));
+        const QByteArray reply = QByteArray(body).replace("#N#", QByteArray::number(requests.size()));
         socket->write("HTTP/1.1 " + QByteArray::number(status) + " Test\r\nContent-Type: text/xml; charset=utf-8\r\n"
                       "Content-Length: " + QByteArray::number(reply.size()) + "\r\nConnection: close\r\n\r\n" + reply);
         socket->disconnectFromHost();
     }
-
-    QList<QPair<QTcpSocket*, int>> m_held;
 };
 
 const QByteArray okEnvelope =
@@ -100,11 +80,6 @@ QByteArray faultWith(const QByteArray& code, const QByteArray& detail)
         + "</faultcode><faultstring>broken</faultstring><detail>" + detail + "</detail></e:Fault></e:Body></e:Envelope>";
 }
 
-bool waitForResponse(QtSoapHttpTransport& transport)
-{
-    return QSignalSpy(&transport, QOverload<>::of(&QtSoapHttpTransport::responseReady)).wait(15000);
-}
-
 QtSoapMessage methodCall(const QString& method, const QString& uri = QString())
 {
     QtSoapMessage message;
@@ -118,7 +93,7 @@ bool call(QtSoapHttpTransport& transport, int port, QtSoapMessage& request, cons
     if (port)
         transport.setHost(QStringLiteral("127.0.0.1"), port);
     transport.submitRequest(request, path);
-    return waitForResponse(transport);
+    return QSignalSpy(&transport, QOverload<>::of(&QtSoapHttpTransport::responseReady)).wait(15000);
 }
 
 // Posts once to the loopback port and waits; the number of rounds in which both
@@ -209,15 +184,16 @@ private slots:
 
     void requestAsItGoesOut()
     {
-        m_server.status = 200;
-        m_server.body = okEnvelope;
+        const int port = serve(200, okEnvelope);
         QtSoapHttpTransport transport;
         QtSoapMessage request = methodCall(QStringLiteral("getPrice"), QStringLiteral("urn:shop"));
+        QVERIFY(call(transport, port, request));
+        QVERIFY2(m_server.requests.last().head.contains("\r\nSOAPAction: \r\n"), m_server.requests.last().head.constData());
+
         request.addMethodArgument(QStringLiteral("item"), QString(), QString::fromUtf8("Objektiv \xc3\xa4 \xe2\x82\xac"));
         const QString before = request.toXmlString(0);
         transport.setAction(QStringLiteral("urn:shop#getPrice"));
-        QVERIFY(call(transport, m_server.serverPort(), request, QStringLiteral("/soap/shop")));
-
+        QVERIFY(call(transport, 0, request, QStringLiteral("/soap/shop")));
         const RecordingServer::Request& sent = m_server.requests.last();
         QVERIFY2(sent.head.startsWith("POST /soap/shop HTTP/1.1\r\n"), sent.head.constData());
         QCOMPARE(sent.header("Content-Type"), QByteArray("text/xml;charset=utf-8"));
@@ -227,45 +203,20 @@ private slots:
         QCOMPARE(transport.getResponse().returnValue().toString(), QString::number(m_server.requests.size()));
     }
 
-    void soapActionSentWhenNeverSet()
-    {
-        m_server.status = 200;
-        m_server.body = okEnvelope;
-        QtSoapHttpTransport transport;
-        QtSoapMessage request = methodCall(QStringLiteral("m"));
-        QVERIFY(call(transport, m_server.serverPort(), request));
-        const QByteArray head = m_server.requests.last().head;
-        QVERIFY2(head.contains("\r\nSOAPAction: \r\n"), head.constData());
-    }
-
-    // The string form as modules write it, for every signal and slot of the transport
-    // that carries a library type; a queued connection finds the type by that name.
-    void stringFormConnects_data()
-    {
-        QTest::addColumn<QByteArray>("signal");
-        QTest::addColumn<int>("type");
-        QTest::newRow("responseReady direct") << QByteArray(SIGNAL(responseReady(const QtSoapMessage&)))
-                                              << int(Qt::DirectConnection);
-        QTest::newRow("responseReady queued") << QByteArray(SIGNAL(responseReady(const QtSoapMessage&)))
-                                              << int(Qt::QueuedConnection);
-    }
-
+    // The string form as modules write it, queued: the connection finds the type by the
+    // name in the signature, so no signal or slot may carry a qualified type.
     void stringFormConnects()
     {
-        QFETCH(QByteArray, signal);
-        QFETCH(int, type);
         const QMetaObject& meta = QtSoapHttpTransport::staticMetaObject;
         for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
             QVERIFY2(!meta.method(i).methodSignature().contains("::"), meta.method(i).methodSignature().constData());
-
-        m_server.status = 200;
-        m_server.body = okEnvelope;
+        const int port = serve(200, okEnvelope);
         QtSoapHttpTransport transport;
         ResponseReceiver receiver;
-        QVERIFY(connect(&transport, signal.constData(), &receiver, SLOT(take(const QtSoapMessage&)),
-                        Qt::ConnectionType(type)));
+        QVERIFY(connect(&transport, SIGNAL(responseReady(const QtSoapMessage&)), &receiver,
+                        SLOT(take(const QtSoapMessage&)), Qt::QueuedConnection));
         QtSoapMessage request = methodCall(QStringLiteral("m"));
-        QVERIFY(call(transport, m_server.serverPort(), request));
+        QVERIFY(call(transport, port, request));
         QTRY_COMPARE(receiver.values, QStringList(QString::number(m_server.requests.size())));
     }
 
@@ -282,11 +233,9 @@ private slots:
         const QString transportError = QStringLiteral("Network transport error (%1): ");
         QTest::newRow("200 envelope") << 200 << okEnvelope << other << QString() << "v";
         QTest::newRow("201 is read, then marked") << 201 << okEnvelope << client << QString() << "v";
-        QTest::newRow("404 (203) envelope") << 404 << okEnvelope << client << QString() << "v";
         QTest::newRow("404 (203) text") << 404 << QByteArray("Not Found") << QtSoapMessage::VersionMismatch << "XML parse error" << "Faultcode";
-        QTest::newRow("403 (201) envelope") << 403 << okEnvelope << client << QString() << "v";
-        QTest::newRow("405 (202) envelope") << 405 << okEnvelope << client << QString() << "v";
-        QTest::newRow("422 (299) envelope") << 422 << okEnvelope << client << QString() << "v";
+
+
         QTest::newRow("500 (401) fault envelope not read") << 500 << faultEnvelope << client << transportError.arg(401) << "Faultcode";
         QTest::newRow("401 (204) not read") << 401 << okEnvelope << client << transportError.arg(204) << "Faultcode";
         QTest::newRow("refused connection") << 0 << QByteArray() << client << transportError.arg(1) + "Connection refused"
@@ -300,13 +249,7 @@ private slots:
         QFETCH(QtSoapMessage::FaultCode, code);
         QFETCH(QString, text);
         QFETCH(QString, returnName);
-        m_server.status = status;
-        m_server.body = body;
-        QTcpServer closed; // listened on once, so that its port is free and refuses
-        QVERIFY(closed.listen(QHostAddress::LocalHost));
-        const int port = status ? m_server.serverPort() : closed.serverPort();
-        closed.close();
-
+        const int port = serve(status, body);
         QtSoapHttpTransport transport;
         QtSoapMessage request = methodCall(QStringLiteral("m"));
         QVERIFY(call(transport, port, request));
@@ -321,38 +264,6 @@ private slots:
         else
             QCOMPARE(faultString, text);
         QCOMPARE(response.returnValue().name().name(), returnName);
-    }
-
-    // No busy state: both posts run, both replies arrive, each emits both signals
-    // (plain first) while its reply is still alive, and the later arrival wins.
-    void twoRequestsInFlight()
-    {
-        m_server.status = 200;
-        m_server.body = okEnvelope;
-        const int before = m_server.requests.size();
-        m_server.hold = before + 1;
-        QtSoapHttpTransport transport;
-        transport.setHost(QStringLiteral("127.0.0.1"), m_server.serverPort());
-        QStringList events;
-        connect(&transport, QOverload<>::of(&QtSoapHttpTransport::responseReady), this, [&] { events << "plain"; });
-        connect(&transport, QOverload<const QtSoapMessage&>::of(&QtSoapHttpTransport::responseReady), this,
-                [&](const QtSoapMessage& response) {
-                    QCOMPARE(&response, &transport.getResponse());
-                    events << (transport.networkReply() ? "alive " : "gone ") + response.returnValue().toString();
-                });
-
-        QtSoapMessage request = methodCall(QStringLiteral("m"));
-        transport.submitRequest(request, QStringLiteral("/"));
-        QNetworkReply* firstReply = transport.networkReply();
-        transport.submitRequest(request, QStringLiteral("/"));
-        QVERIFY(transport.networkReply() != firstReply);
-        QVERIFY(waitForResponse(transport));
-        m_server.release();
-        QVERIFY(waitForResponse(transport));
-
-        const QString first = QString::number(before + 1);
-        QCOMPARE(events, QStringList({"plain", "alive " + QString::number(before + 2), "plain", "alive " + first}));
-        QCOMPARE(transport.getResponse().returnValue().toString(), first);
     }
 
     void interopWithSpyne_data()
@@ -407,10 +318,8 @@ private slots:
         QTest::addColumn<bool>("serverFault");
         const QByteArray lens = "<lens>Tilt 24</lens>";
         QTest::newRow("500 fault") << 500 << faultWith("e:Server.Calibration", lens) << true;
-        QTest::newRow("503 fault") << 503 << faultWith("Server", lens) << true;
         QTest::newRow("500 no body") << 500 << QByteArray() << false;
         QTest::newRow("500 not XML") << 500 << QByteArray("Internal Server Error") << false;
-        QTest::newRow("500 not an envelope") << 500 << QByteArray("<html><body>oops</body></html>") << false;
         QTest::newRow("500 envelope without fault") << 500 << okEnvelope << false;
         QTest::newRow("500 fault of unknown code") << 500 << faultWith("e:Calibration", lens) << false;
         QTest::newRow("500 fault nested too deep") << 500 << faultWith("Server", QByteArray("<a>").repeated(100000)
@@ -423,13 +332,7 @@ private slots:
         QFETCH(int, status);
         QFETCH(QByteArray, body);
         QFETCH(bool, serverFault);
-        m_server.status = status;
-        m_server.body = body;
-        QTcpServer closed;
-        QVERIFY(closed.listen(QHostAddress::LocalHost));
-        const int port = status ? m_server.serverPort() : closed.serverPort();
-        closed.close();
-
+        const int port = serve(status, body);
         QString transportFault;
         for (const bool parse : {false, true}) {
             QtSoapHttpTransport transport;
@@ -465,26 +368,19 @@ private slots:
         QCOMPARE(response.faultDetail()[QStringLiteral("lens")].toString(), QStringLiteral("Tilt 24"));
     }
 
-    // There is no timeout of our own; the one set on the manager ends the wait for a
-    // server that accepts the connection and never answers.
-    void silentServerTimesOut()
+private:
+    // The port of the recording server answering with `status` and `body`; for status 0,
+    // a port that was listened on once, so that it is free and refuses.
+    int serve(int status, const QByteArray& body)
     {
-        QTcpServer silent;
-        QVERIFY(silent.listen(QHostAddress::LocalHost));
-        QtSoapHttpTransport transport;
-        QCOMPARE(transport.networkAccessManager()->transferTimeout(), 0);
-        transport.networkAccessManager()->setTransferTimeout(300);
-        QElapsedTimer clock;
-        clock.start();
-        QCOMPARE(roundsOfBothSignals(transport, silent.serverPort()), 1);
-        // Qt's coarse timers may fire up to 5 % early.
-        QVERIFY2(clock.elapsed() >= 280, qPrintable(QString::number(clock.elapsed())));
-        QCOMPARE(transport.getResponse().faultCode(), QtSoapMessage::Client);
-        QCOMPARE(transport.getResponse().faultString().toString(),
-                 QStringLiteral("Network transport error (%1): Operation canceled").arg(QNetworkReply::OperationCanceledError));
+        m_server.status = status;
+        m_server.body = body;
+        if (status)
+            return m_server.serverPort();
+        QTcpServer closed;
+        return closed.listen(QHostAddress::LocalHost) ? closed.serverPort() : -1;
     }
 
-private:
     RecordingServer m_server;
     QProcess m_spyne;
     int m_spynePort = 0;

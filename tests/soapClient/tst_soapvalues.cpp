@@ -23,15 +23,6 @@ QDomElement parseElement(const QString& xml)
     return doc.documentElement();
 }
 
-// Exposes the protected text builders.
-class InspectableArray : public QtSoapArray
-{
-public:
-    using QtSoapArray::QtSoapArray;
-    using QtSoapArray::arraySizeString;
-    using QtSoapArray::arrayTypeString;
-};
-
 class CountedValue : public QtSoapSimpleType
 {
 public:
@@ -92,11 +83,7 @@ private slots:
 
     void typeNamesAndNameEquality()
     {
-        // Names are trimmed and matched without case; "hexBinary" and "nonPositiveInteger" never match.
-        const QList<QPair<QString, QtSoapType::Type>> names = {{"  INT \t", QtSoapType::Int}, {"hexBinary", QtSoapType::Other},
-            {"nonPositiveInteger", QtSoapType::Other}, {"array", QtSoapType::Other}, {"lens", QtSoapType::Other}};
-        for (const auto& [text, type] : names)
-            QVERIFY2(QtSoapType::nameToType(text) == type, qPrintable(text));
+        QCOMPARE(QtSoapType::nameToType(QStringLiteral("  INT \t")), QtSoapType::Int); // trimmed, any case
         QCOMPARE(QtSoapType::typeToName(QtSoapType::NMToken), QStringLiteral("NMToken"));
         QCOMPARE(QtSoapType::typeToName(QtSoapType::Name), QStringLiteral("name"));
         QCOMPARE(QtSoapType::typeToName(QtSoapType::IDRef), QStringLiteral("IDREF"));
@@ -110,11 +97,9 @@ private slots:
 
         // A key without a URI matches any namespace; URIs and names compare without case.
         QVERIFY(QtSoapQName("Body", "urn:a") == QtSoapQName("BODY", ""));
-        QVERIFY(QtSoapQName("Body", "urn:a") == QtSoapQName("body", QString()));
         QVERIFY(!(QtSoapQName("Body", "") == QtSoapQName("Body", "urn:a")));
         QVERIFY(QtSoapQName("Body", "URN:A") == QtSoapQName("body", "urn:a"));
         QVERIFY(!(QtSoapQName("Body", "urn:b") == QtSoapQName("Body", "urn:a")));
-        QVERIFY(!(QtSoapQName("Body", "") == QtSoapQName("Head", "")));
         QtSoapQName assigned(QStringLiteral("a"), QStringLiteral("urn:a"));
         assigned = QStringLiteral("b"); // a plain name drops the namespace
         QCOMPARE(assigned.uri(), QString(""));
@@ -131,15 +116,11 @@ private slots:
         QTest::newRow("xsi int") << "<v xmlns:xsi='urn:i' xsi:type='xsd:int'>-42</v>" << true << int(QtSoapType::Int) << QVariant(-42);
         QTest::newRow("empty int is 0") << "<v type='int'/>" << true << int(QtSoapType::Int) << QVariant(0);
         QTest::newRow("plus sign is a type error") << "<p:v xmlns:p='urn:p' type='int'>+5</p:v>" << false << int(QtSoapType::Int) << QVariant();
-        QTest::newRow("type in capitals") << "<v type='XSD:Int'>5</v>" << true << int(QtSoapType::Int) << QVariant(5);
         QTest::newRow("unsignedByte is an integer too") << "<v type='unsignedByte'>+5</v>" << false << int(QtSoapType::UnsignedByte) << QVariant();
-        QTest::newRow("leading colon stays Other") << "<v type=':int'>7</v>" << true << int(QtSoapType::Other) << QVariant("7");
-        QTest::newRow("hexBinary is Other text") << "<v type='xsd:hexBinary'>0AFF</v>" << true << int(QtSoapType::Other) << QVariant("0AFF");
         QTest::newRow("decimal fraction reads 0") << "<v type='decimal'>1.5</v>" << true << int(QtSoapType::Decimal) << QVariant(0);
         QTest::newRow("long beyond 32 bits reads 0") << "<v type='long'>9999999999</v>" << true << int(QtSoapType::Long) << QVariant(0);
         QTest::newRow("boolean words") << "<v type='boolean'> TRUE </v>" << true << int(QtSoapType::Boolean) << QVariant(true);
         QTest::newRow("boolean yes leaves value") << "<v type='boolean'>yes</v>" << true << int(QtSoapType::Boolean) << QVariant();
-        QTest::newRow("bad double reads 0") << "<v type='double'>lens</v>" << true << int(QtSoapType::Double) << QVariant(0.0);
     }
 
     void simpleParse()
@@ -155,18 +136,6 @@ private slots:
         QCOMPARE(scalar.errorString(), parsed ? QStringLiteral("Unknown error") : QStringLiteral("Type error at element \"v\""));
         QCOMPARE(scalar.name().name(), parsed ? QStringLiteral("v") : QString());
         QCOMPARE(scalar.toBool(), value.toBool());
-    }
-
-    // Lookups that find nothing answer one shared invalid object per form.
-    void notFoundObjects()
-    {
-        QtSoapSimpleType scalar(QtSoapQName(QStringLiteral("s")), 1);
-        QVERIFY(!scalar[0].isValid() && !scalar[QStringLiteral("x")].isValid());
-        QCOMPARE(&scalar[0], &scalar[1]);
-        QVERIFY(&scalar[0] != &scalar[QStringLiteral("x")]);
-        QtSoapArray array;
-        QVERIFY(!array.at(4).isValid());
-        QCOMPARE(&array[QStringLiteral("x")], &scalar[QStringLiteral("y")]);
     }
 
     void arrayIndexing()
@@ -189,11 +158,6 @@ private slots:
         expectRefused("Attempted to insert item at position (0, 0, 0) in 2-dimensional QtSoapArray.",
                       [&](QtSoapType* item) { grid.insert(0, 0, 0, item); });
 
-        // Four and five dimensions have no range test.
-        QtSoapArray cube(QtSoapQName(QStringLiteral("c")), QtSoapType::Int, 1, 1, 1, 1);
-        cube.insert(1, 2, 3, 4, intItem(9));
-        QCOMPARE(cube.at(1, 2, 3, 4).toInt(), 9);
-
         QtSoapArray typed;
         typed.insert(0, intItem(1));
         QtSoapSimpleType text(QtSoapQName(QStringLiteral("t")), QStringLiteral("x"));
@@ -211,15 +175,8 @@ private slots:
         QCOMPARE(list.at(1).toInt(), 5);
     }
 
-    void arrayTextsIteratorAndParse()
+    void arrayIteratorAndParse()
     {
-        QCOMPARE(InspectableArray().arraySizeString(), QStringLiteral("[0]"));
-        QCOMPARE(InspectableArray(QtSoapQName(QStringLiteral("a"))).arraySizeString(), QStringLiteral("[]"));
-        QCOMPARE(InspectableArray(QtSoapQName(QStringLiteral("a")), QtSoapType::Int, 2, -1, 4).arraySizeString(), QStringLiteral("[2,-1,4]"));
-        InspectableArray ofEmptyArrays(QtSoapQName(QStringLiteral("o")), QtSoapType::Array, 2);
-        ofEmptyArrays.insert(0, new QtSoapArray(QtSoapQName(QStringLiteral("i"))));
-        QCOMPARE(ofEmptyArrays.arrayTypeString(), QStringLiteral("int[2]"));
-
         QtSoapArray fiveD(QtSoapQName(QStringLiteral("f")), QtSoapType::Int, 2, 2, 2, 3, 2);
         fiveD.insert(1, 0, 1, 2, 1, intItem(9));
         QtSoapArrayIterator it(fiveD);
@@ -301,11 +258,8 @@ private slots:
         QTest::newRow("other is a struct") << "<v type='other'><i>1</i></v>" << int(QtSoapType::Struct);
         QTest::newRow("other with text: none") << "<v type='other'>text</v>" << -1;
         QTest::newRow("no type, named array") << "<p:ARRAY xmlns:p='urn:p'><i>1</i></p:ARRAY>" << int(QtSoapType::Array);
-        QTest::newRow("dateTime with text") << "<v type='xsd:dateTime'>2020-01-01</v>" << int(QtSoapType::DateTime);
         QTest::newRow("dateTime with child") << "<v type='xsd:dateTime'><i/></v>" << int(QtSoapType::Struct);
         QTest::newRow("leading comment makes a string") << "<v><!-- c --><i>1</i></v>" << int(QtSoapType::String);
-        QTest::newRow("nmtokens scalar of type Other") << "<v type='NMTOKENS'>a b</v>" << int(QtSoapType::Other);
-        QTest::newRow("only a colon") << "<v type=':'>1</v>" << int(QtSoapType::Other);
         QTest::newRow("array type with text: none") << "<v type='array'>text</v>" << -1;
         // Named "array", so the array constructor is chosen, whose parse refuses the declared type.
         QTest::newRow("named array of another type: none") << "<p:Array xmlns:p='urn:p' type='lens'><i>1</i></p:Array>" << -1;
