@@ -15,54 +15,41 @@ Q_DECLARE_METATYPE(QtSoapMessage::FaultCode)
 
 namespace {
 
-// Records each request as it arrived and answers with `status` and `body`, where
-// "#N#" becomes the request's ordinal.
+// The value of a header field of a request, the name in any case.
+QByteArray header(const QByteArray& request, const QByteArray& name)
+{
+    for (const QByteArray& line : request.left(request.indexOf("\r\n\r\n")).split('\n'))
+        if (line.toLower().startsWith(name.toLower() + ':'))
+            return line.mid(name.size() + 1).trimmed();
+    return QByteArray();
+}
+
+// Records each request as it arrived (request line, headers, blank line, body) and
+// answers with `status` and `body`, where "#N#" becomes the request's ordinal.
 class RecordingServer : public QTcpServer
 {
 public:
-    struct Request
-    {
-        QByteArray head, body; // head: the request line and the headers
-        QByteArray header(const QByteArray& name) const
-        {
-            for (const QByteArray& line : head.split('\n'))
-                if (line.toLower().startsWith(name.toLower() + ':'))
-                    return line.mid(name.size() + 1).trimmed();
-            return QByteArray();
-        }
-    };
     int status = 200;
     QByteArray body;
-    QList<Request> requests;
+    QList<QByteArray> requests;
 
 protected:
     void incomingConnection(qintptr descriptor) override
     {
         auto* socket = new QTcpSocket(this);
         socket->setSocketDescriptor(descriptor);
-        auto buffer = std::make_shared<QByteArray>();
-        connect(socket, &QTcpSocket::readyRead, this, [this, socket, buffer] { readFrom(socket, *buffer); });
         connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-    }
-
-private:
-    void readFrom(QTcpSocket* socket, QByteArray& buffer)
-    {
-        buffer += socket->readAll();
-        const int headerEnd = buffer.indexOf("\r\n\r\n");
-        if (headerEnd < 0)
-            return;
-        Request request{buffer.left(headerEnd + 2), QByteArray()};
-        const int length = request.header("Content-Length").toInt();
-        if (buffer.size() < headerEnd + 4 + length)
-            return;
-        request.body = buffer.mid(headerEnd + 4, length);
-        buffer.clear();
-        requests.append(request);
-        const QByteArray reply = QByteArray(body).replace("#N#", QByteArray::number(requests.size()));
-        socket->write("HTTP/1.1 " + QByteArray::number(status) + " Test\r\nContent-Type: text/xml; charset=utf-8\r\n"
-                      "Content-Length: " + QByteArray::number(reply.size()) + "\r\nConnection: close\r\n\r\n" + reply);
-        socket->disconnectFromHost();
+        connect(socket, &QTcpSocket::readyRead, this, [this, socket, in = QByteArray()]() mutable {
+            in += socket->readAll();
+            const int headerEnd = in.indexOf("\r\n\r\n");
+            if (headerEnd < 0 || in.size() < headerEnd + 4 + header(in, "Content-Length").toInt())
+                return;
+            requests.append(in);
+            const QByteArray reply = QByteArray(body).replace("#N#", QByteArray::number(requests.size()));
+            socket->write("HTTP/1.1 " + QByteArray::number(status) + " Test\r\nContent-Type: text/xml; charset=utf-8\r\n"
+                          "Content-Length: " + QByteArray::number(reply.size()) + "\r\nConnection: close\r\n\r\n" + reply);
+            socket->disconnectFromHost();
+        });
     }
 };
 
@@ -188,17 +175,17 @@ private slots:
         QtSoapHttpTransport transport;
         QtSoapMessage request = methodCall(QStringLiteral("getPrice"), QStringLiteral("urn:shop"));
         QVERIFY(call(transport, port, request));
-        QVERIFY2(m_server.requests.last().head.contains("\r\nSOAPAction: \r\n"), m_server.requests.last().head.constData());
+        QVERIFY2(m_server.requests.last().contains("\r\nSOAPAction: \r\n"), m_server.requests.last().constData());
 
         request.addMethodArgument(QStringLiteral("item"), QString(), QString::fromUtf8("Objektiv \xc3\xa4 \xe2\x82\xac"));
         const QString before = request.toXmlString(0);
         transport.setAction(QStringLiteral("urn:shop#getPrice"));
         QVERIFY(call(transport, 0, request, QStringLiteral("/soap/shop")));
-        const RecordingServer::Request& sent = m_server.requests.last();
-        QVERIFY2(sent.head.startsWith("POST /soap/shop HTTP/1.1\r\n"), sent.head.constData());
-        QCOMPARE(sent.header("Content-Type"), QByteArray("text/xml;charset=utf-8"));
-        QCOMPARE(sent.header("SOAPAction"), QByteArray("urn:shop#getPrice")); // no quotes added
-        QCOMPARE(sent.body, before.toUtf8()); // UTF-8, no XML declaration
+        const QByteArray sent = m_server.requests.last();
+        QVERIFY2(sent.startsWith("POST /soap/shop HTTP/1.1\r\n"), sent.constData());
+        QCOMPARE(header(sent, "Content-Type"), QByteArray("text/xml;charset=utf-8"));
+        QCOMPARE(header(sent, "SOAPAction"), QByteArray("urn:shop#getPrice")); // no quotes added
+        QCOMPARE(sent.mid(sent.indexOf("\r\n\r\n") + 4), before.toUtf8()); // UTF-8, no XML declaration
         QCOMPARE(request.toXmlString(0), before);
         QCOMPARE(transport.getResponse().returnValue().toString(), QString::number(m_server.requests.size()));
     }
@@ -320,6 +307,7 @@ private slots:
         QTest::newRow("500 fault") << 500 << faultWith("e:Server.Calibration", lens) << true;
         QTest::newRow("500 no body") << 500 << QByteArray() << false;
         QTest::newRow("500 not XML") << 500 << QByteArray("Internal Server Error") << false;
+        QTest::newRow("500 not an envelope") << 500 << QByteArray("<html><body>oops</body></html>") << false;
         QTest::newRow("500 envelope without fault") << 500 << okEnvelope << false;
         QTest::newRow("500 fault of unknown code") << 500 << faultWith("e:Calibration", lens) << false;
         QTest::newRow("500 fault nested too deep") << 500 << faultWith("Server", QByteArray("<a>").repeated(100000)
@@ -366,6 +354,21 @@ private slots:
         QCOMPARE(response.faultCode(), QtSoapMessage::Server);
         QCOMPARE(response.faultString().toString(), QStringLiteral("lens unknown"));
         QCOMPARE(response.faultDetail()[QStringLiteral("lens")].toString(), QStringLiteral("Tilt 24"));
+    }
+
+    // There is no timeout of our own; the one set on the manager ends the wait for a
+    // server that accepts the connection and never answers.
+    void silentServerTimesOut()
+    {
+        QTcpServer silent;
+        QVERIFY(silent.listen(QHostAddress::LocalHost));
+        QtSoapHttpTransport transport;
+        QCOMPARE(transport.networkAccessManager()->transferTimeout(), 0);
+        transport.networkAccessManager()->setTransferTimeout(300);
+        QCOMPARE(roundsOfBothSignals(transport, silent.serverPort()), 1);
+        QCOMPARE(transport.getResponse().faultCode(), QtSoapMessage::Client);
+        QCOMPARE(transport.getResponse().faultString().toString(),
+                 QStringLiteral("Network transport error (%1): Operation canceled").arg(QNetworkReply::OperationCanceledError));
     }
 
 private:
