@@ -69,9 +69,8 @@ private slots:
     void processNamesAndUnknownVersions()
     {
         QCOMPARE(UtilsDll::currentProcessName(), QFileInfo(QCoreApplication::applicationFilePath()).fileName());
-        const auto isUnknown = [](const UtilsDll::BinaryVersion& version) {
-            return version.text.isEmpty() && version.major == 0 && version.minor == 0 && version.revision == 0
-                && version.build == 0;
+        const auto isUnknown = [](const UtilsDll::BinaryVersion& v) {
+            return v.text.isEmpty() && v.major == 0 && v.minor == 0 && v.revision == 0 && v.build == 0;
         };
         QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName(QString())));
         QVERIFY(isUnknown(UtilsDll::binaryFileVersionByProcessName("no-such-process.exe")));

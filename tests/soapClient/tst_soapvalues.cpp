@@ -215,12 +215,9 @@ private slots:
             auto* original = new QtSoapStruct(QtSoapQName(QStringLiteral("s")));
             original->insert(new CountedValue(&deletions));
             QtSoapStruct copy(*original);
-            QtSoapStruct assigned;
-            assigned = copy;
-            assigned = assigned;
+            copy = copy;
             delete original;
             QCOMPARE(deletions, 0);
-            QCOMPARE(&copy[0], &assigned[0]);
         }
         QCOMPARE(deletions, 1);
 
