@@ -98,17 +98,12 @@ private slots:
     void compressAndDecompressRoundTrip()
     {
         QTemporaryDir sources;
-        const QByteArray text = QByteArray("line of text\n").repeated(5000);
-        const QByteArray binary = patternedData(70000, 7);
-        QVERIFY(writeFile(sources.filePath("notes.txt"), text));
-        QVERIFY(writeFile(sources.filePath("image.raw"), binary));
-
+        const QByteArray binary = patternedData(70000, 7), text = patternedData(70000, 8, true);
+        QVERIFY(writeFile(sources.filePath("image.raw"), binary) && writeFile(sources.filePath("notes.txt"), text));
         QVERIFY(CompressFiles(QStringList() << sources.filePath("notes.txt") << sources.filePath("image.raw"), m_archive));
-
         VEXA_NAMESPACE::DecompressFiles(m_archive, m_target);
         QCOMPARE(treeBelow(m_target), QStringList() << "image.raw" << "notes.txt");
-        QCOMPARE(readFile(m_target + "/notes.txt"), text);
-        QCOMPARE(readFile(m_target + "/image.raw"), binary);
+        QCOMPARE(readFile(m_target + "/notes.txt") + readFile(m_target + "/image.raw"), text + binary);
 
         QVERIFY(!CompressFiles(QStringList() << sources.filePath("missing.txt"), m_base->filePath("other.zip")));
 
@@ -138,7 +133,6 @@ private slots:
         QCOMPARE(treeBelow(clean), QStringList() << "a.txt" << "b" << "b/c.txt");
 
         // Archives that cannot be read at all.
-        QVERIFY(QDir(m_target).removeRecursively() && QDir().mkpath(m_target));
         QVERIFY(!plainDecompress(m_base->filePath("missing.zip"), m_target));
 
         QVERIFY(makeArchive(m_archive, {}));

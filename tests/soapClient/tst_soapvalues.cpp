@@ -7,6 +7,8 @@
 #include "QtSoapStruct.h"
 #include "QtSoapTypeFactory.h"
 
+#include <QSet>
+
 #include <memory>
 
 using namespace VEXA_NAMESPACE;
@@ -206,6 +208,39 @@ private slots:
         QVERIFY(!parsed.parse(parseElement("<s><!-- c --><x type='array'>text</x></s>")));
         QCOMPARE(parsed.errorString(),
                  QStringLiteral("In the struct element s, child #1, x, was not recognized as a SOAP type."));
+    }
+
+    // An iterator made before the container was copied must still walk the items it
+    // started on: every item once, then the end.
+    void iteratorsOverSharedItems()
+    {
+        QtSoapArray array(QtSoapQName(QStringLiteral("a")), QtSoapType::Int, 100);
+        QtSoapStruct members(QtSoapQName(QStringLiteral("s")));
+        for (int i = 0; i < 100; ++i) {
+            array.insert(i, new QtSoapSimpleType(QtSoapQName(QStringLiteral("i")), i));
+            members.insert(new QtSoapSimpleType(QtSoapQName(QString::number(i)), i));
+        }
+        QtSoapArrayIterator arrayIt(array);
+        QtSoapStructIterator structIt(members);
+        const QtSoapArray arrayCopy(array);
+        const QtSoapStruct structCopy(members);
+
+        QSet<int> seen;
+        for (int steps = 0; !arrayIt.atEnd() && steps <= 100; ++arrayIt, ++steps) {
+            QVERIFY(arrayIt.data() && arrayIt.current() == arrayIt.data());
+            QCOMPARE(arrayIt.data()->toInt(), arrayIt.pos());
+            seen.insert(arrayIt.pos());
+        }
+        QVERIFY(arrayIt.atEnd() && !arrayIt.data() && !arrayIt.current());
+        QCOMPARE(seen.size(), 100);
+
+        int next = 0;
+        for (; structIt.data() && next <= 100; ++structIt, ++next) {
+            QCOMPARE(structIt.data()->toInt(), next);
+            QCOMPARE(structIt.key().name(), QString::number(next));
+        }
+        QCOMPARE(next, 100);
+        QCOMPARE(arrayCopy.count() + structCopy.count(), 200);
     }
 
     void copiesShareItems()
