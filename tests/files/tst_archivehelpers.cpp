@@ -29,24 +29,21 @@ struct Entry
 bool makeArchive(const QString& path, const QList<Entry>& entries)
 {
     QuaZip zip(path);
-    if (!zip.open(QuaZip::mdCreate))
-        return false;
+    bool written = zip.open(QuaZip::mdCreate);
     for (const Entry& entry : entries) {
         QuaZipNewInfo info(entry.name);
         info.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
         if (entry.symlink)
             info.externalAttr = kUnixSymlinkAttributes;
         QuaZipFile file(&zip);
-        const int method = entry.stored ? 0 : Z_DEFLATED;
-        if (!file.open(QIODevice::WriteOnly, info, nullptr, 0, method, entry.stored ? 0 : Z_DEFAULT_COMPRESSION)
-            || file.write(entry.data) != entry.data.size())
-            return false;
+        written = written && file.open(QIODevice::WriteOnly, info, nullptr, 0, entry.stored ? 0 : Z_DEFLATED,
+                                       entry.stored ? 0 : Z_DEFAULT_COMPRESSION)
+            && file.write(entry.data) == entry.data.size();
         file.close();
-        if (file.getZipError() != ZIP_OK)
-            return false;
+        written = written && file.getZipError() == ZIP_OK;
     }
     zip.close();
-    return zip.getZipError() == ZIP_OK;
+    return written && zip.getZipError() == ZIP_OK;
 }
 
 // Every file, folder and link below root, relative to it.
