@@ -108,17 +108,14 @@ private slots:
     void renameNeverOverwritesAndTrash()
     {
         QTemporaryDir root;
-        QCOMPARE(moveFileToTrash(root.filePath("missing.jpg")), FileOperationFailed);
-
         const QString path = root.filePath("photo.jpg");
+        QCOMPARE(moveFileToTrash(path), FileOperationFailed);
         QVERIFY(writeFile(path, "pixels"));
         QCOMPARE(moveFileToTrash(path), FileOperationSucceeded);
-        QVERIFY(!QFile::exists(path));
-
         // The isolated test home has its own trash, so the file can be found there.
         const QString trash = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Trash/files";
         QDirIterator trashed(trash, QStringList() << "photo*.jpg", QDir::Files);
-        QVERIFY2(trashed.hasNext(), qPrintable(trash));
+        QVERIFY2(trashed.hasNext() && !QFile::exists(path), qPrintable(trash));
         QCOMPARE(readFile(trashed.next()), QByteArray("pixels"));
 
         // The public call cleans both names; what exists is never replaced.
@@ -126,8 +123,7 @@ private slots:
         QVERIFY(writeFile(source, "new") && writeFile(root.filePath("target.txt"), "old"));
         QVERIFY(!renameFile(source, root.filePath("target.txt")));
         QVERIFY(renameFile(source, root.filePath("sub/../renamed.txt")));
-        QCOMPARE(readFile(root.filePath("renamed.txt")), QByteArray("new"));
-        QCOMPARE(readFile(root.filePath("target.txt")), QByteArray("old"));
+        QCOMPARE(readFile(root.filePath("renamed.txt")) + readFile(root.filePath("target.txt")), QByteArray("newold"));
     }
 
     // Both ways of renaming, with RENAME_NOREPLACE and without it (NFS, some FUSE):
