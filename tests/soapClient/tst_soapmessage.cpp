@@ -53,6 +53,11 @@ QString outcome(const QtSoapMessage& message, bool parsed)
                           : QString());
 }
 
+QByteArray fault(const QByteArray& content)
+{
+    return envelopeWithBody("<e:Fault>" + content + "</e:Fault>");
+}
+
 QByteArray deepNesting(int levels)
 {
     return envelopeWithBody(QByteArray("<a>").repeated(levels) + "x" + QByteArray("</a>").repeated(levels));
@@ -137,22 +142,18 @@ private slots:
             << true << "string of 0: 6000";
         // Faults as servers send them.
         QTest::newRow("standard server fault")
-            << envelopeWithBody("<e:Fault><faultcode>e:Server.Database</faultcode><faultstring>no lens</faultstring>"
-                                "<detail><why>gone</why></detail></e:Fault>")
+            << fault("<faultcode>e:Server.Database</faultcode><faultstring>no lens</faultstring><detail><why>gone</why></detail>")
             << true << "Server: no lens / why: gone";
         QTest::newRow("client code of type QName")
-            << envelopeWithBody("<e:Fault><faultcode xmlns:x='urn:x' x:type='xsd:QName'>SOAP-ENV:Client</faultcode></e:Fault>")
-            << true << "Client: ";
+            << fault("<faultcode xmlns:x='urn:x' x:type='xsd:QName'>SOAP-ENV:Client</faultcode>") << true << "Client: ";
         QTest::newRow("capitals and any prefix")
             << envelopeWithBody("<e:FAULT><FAULTCODE>a:MustUnderstand</FAULTCODE><FaultString>x</FaultString></e:FAULT>")
             << true << "MustUnderstand: x";
         QTest::newRow("unlisted code is no fault")
-            << envelopeWithBody("<e:Fault><faultcode>e:Sender</faultcode><faultstring>s</faultstring></e:Fault>") << true
-            << "string of 0: e:Sender";
+            << fault("<faultcode>e:Sender</faultcode><faultstring>s</faultstring>") << true << "string of 0: e:Sender";
         QTest::newRow("fault outside the envelope namespace has no text")
             << envelopeWithBody("<Fault><faultcode>Server</faultcode><faultstring>s</faultstring></Fault>") << true << "Server: ";
-        QTest::newRow("integer code is not read")
-            << envelopeWithBody("<e:Fault><faultcode type='int'>3</faultcode></e:Fault>") << true << "int of 0: 3";
+        QTest::newRow("integer code is not read") << fault("<faultcode type='int'>3</faultcode>") << true << "int of 0: 3";
         // An entity holding nested markup: 20,000 and 3,000 levels out of 140 and 21 KB.
         const QString dtd = parseError + "document type declarations are not allowed in a SOAP message at line 2, column ";
         QTest::newRow("entity of 20000 levels") << readDataFile("hostile/entity-nesting-20000.xml") << false << dtd + "140040";
@@ -234,15 +235,6 @@ private slots:
         QtSoapMessage written;
         QVERIFY(written.setContent(empty.toXmlString(0).toUtf8()));
         QCOMPARE(written.faultCode(), QtSoapMessage::Client);
-    }
-
-    // Apart from the table above so that a run of one row there stays small.
-    void hugeBody()
-    {
-        QtSoapMessage message;
-        QVERIFY(message.setContent(envelopeWithBody("<m><r>" + QByteArray(50 * 1024 * 1024, 'a') + "</r></m>")));
-        QCOMPARE(message.returnValue().toString().size(), 50 * 1024 * 1024);
-        QVERIFY(!message.isFault());
     }
 };
 
