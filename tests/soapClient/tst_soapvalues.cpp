@@ -25,14 +25,6 @@ QDomElement parseElement(const QString& xml)
     return doc.documentElement();
 }
 
-class CountedValue : public QtSoapSimpleType
-{
-public:
-    explicit CountedValue(int* deletions) : QtSoapSimpleType(QtSoapQName(QStringLiteral("counted")), 1), m_deletions(deletions) {}
-    ~CountedValue() override { ++*m_deletions; }
-    int* m_deletions;
-};
-
 QtSoapSimpleType* intItem(int value)
 {
     return new QtSoapSimpleType(QtSoapQName(QStringLiteral("v")), value);
@@ -229,25 +221,6 @@ private slots:
         QVERIFY(arrayIt.atEnd() && !arrayIt.data() && !arrayIt.current() && !structIt.data());
         QCOMPARE(seen.size(), 100);
         QCOMPARE(arrayCopy.count() + structCopy.count(), 200);
-    }
-
-    void copiesShareItems()
-    {
-        int deletions = 0;
-        {
-            auto* original = new QtSoapStruct(QtSoapQName(QStringLiteral("s")));
-            original->insert(new CountedValue(&deletions));
-            QtSoapStruct copy(*original);
-            copy = copy;
-            delete original;
-            QCOMPARE(deletions, 0);
-        }
-        QCOMPARE(deletions, 1);
-
-        QtSoapArray array;
-        array.insert(0, new CountedValue(&deletions));
-        array.insert(0, new CountedValue(&deletions)); // replaces and frees the first
-        QCOMPARE(deletions, 2);
     }
 
     void factoryChoosesByTypeAndShape_data()
