@@ -156,10 +156,19 @@ private slots:
         transport.networkReply()->abort();
     }
 
-    void requestAsItGoesOut()
+    // The requests as they go out, and the answers through the string form of the signal
+    // as modules write it, queued: such a connection finds the type by the name in the
+    // signature, so no signal or slot may carry a qualified type.
+    void requestsAndStringFormConnection()
     {
+        const QMetaObject& meta = QtSoapHttpTransport::staticMetaObject;
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+            QVERIFY2(!meta.method(i).methodSignature().contains("::"), meta.method(i).methodSignature().constData());
         const int port = serve(200, okEnvelope);
         QtSoapHttpTransport transport;
+        ResponseReceiver receiver;
+        QVERIFY(connect(&transport, SIGNAL(responseReady(const QtSoapMessage&)), &receiver,
+                        SLOT(take(const QtSoapMessage&)), Qt::QueuedConnection));
         QtSoapMessage request = methodCall(QStringLiteral("getPrice"), QStringLiteral("urn:shop"));
         QVERIFY(call(transport, port, request));
         QVERIFY2(m_server.requests.last().contains("\r\nSOAPAction: \r\n"), m_server.requests.last().constData());
@@ -174,24 +183,9 @@ private slots:
         QCOMPARE(header(sent, "SOAPAction"), QByteArray("urn:shop#getPrice")); // no quotes added
         QCOMPARE(sent.mid(sent.indexOf("\r\n\r\n") + 4), before.toUtf8()); // UTF-8, no XML declaration
         QCOMPARE(request.toXmlString(0), before);
-        QCOMPARE(transport.getResponse().returnValue().toString(), QString::number(m_server.requests.size()));
-    }
-
-    // The string form as modules write it, queued: the connection finds the type by the
-    // name in the signature, so no signal or slot may carry a qualified type.
-    void stringFormConnects()
-    {
-        const QMetaObject& meta = QtSoapHttpTransport::staticMetaObject;
-        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
-            QVERIFY2(!meta.method(i).methodSignature().contains("::"), meta.method(i).methodSignature().constData());
-        const int port = serve(200, okEnvelope);
-        QtSoapHttpTransport transport;
-        ResponseReceiver receiver;
-        QVERIFY(connect(&transport, SIGNAL(responseReady(const QtSoapMessage&)), &receiver,
-                        SLOT(take(const QtSoapMessage&)), Qt::QueuedConnection));
-        QtSoapMessage request = methodCall(QStringLiteral("m"));
-        QVERIFY(call(transport, port, request));
-        QTRY_COMPARE(receiver.values, QStringList(QString::number(m_server.requests.size())));
+        const int count = m_server.requests.size();
+        QCOMPARE(transport.getResponse().returnValue().toString(), QString::number(count));
+        QTRY_COMPARE(receiver.values, QStringList() << QString::number(count - 1) << QString::number(count));
     }
 
     // Each reply is read with the switch for server faults off, then on: on, only a
