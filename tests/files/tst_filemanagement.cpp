@@ -182,8 +182,7 @@ private slots:
     void selectFilesInShellReports()
     {
         QTemporaryDir root;
-        QVERIFY(writeFile(root.filePath("a.jpg")));
-        QVERIFY(writeFile(root.filePath("b.jpg")));
+        QVERIFY(writeFile(root.filePath("a.jpg")) && writeFile(root.filePath("b.jpg")));
         UtilsDllTest::ScopedTestLogger logger;
 
         selectFilesInShell(root.filePath("missing"), QStringList() << root.filePath("a.jpg"));
@@ -196,8 +195,7 @@ private slots:
         const QStringList reports = logger->linesAt('E');
         QCOMPARE(reports.size(), 3);
         QVERIFY(reports.at(0).startsWith("ASSERT in ") && reports.at(0).endsWith(" 81"));
-        QVERIFY(reports.at(1).endsWith(" 81"));
-        QVERIFY(reports.at(2).endsWith(" 92"));
+        QVERIFY(reports.at(1).endsWith(" 81") && reports.at(2).endsWith(" 92"));
     }
 
     // QCOMPARE compares doubles by qFuzzyCompare, as the rounding's own last step does.

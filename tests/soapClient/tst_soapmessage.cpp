@@ -158,8 +158,7 @@ private slots:
         const QString dtd = parseError + "document type declarations are not allowed in a SOAP message at line 2, column ";
         QTest::newRow("entity of 20000 levels") << readDataFile("hostile/entity-nesting-20000.xml") << false << dtd + "140040";
         QTest::newRow("entity of 3000 levels") << readDataFile("hostile/entity-nesting-3000.xml") << false << dtd + "21040";
-        QTest::newRow("entity of 3000 levels, UTF-16") << readDataFile("hostile/utf16le-entity-nesting-3000.xml") << false
-                                                       << dtd + "21040";
+        QTest::newRow("3000 levels, UTF-16") << readDataFile("hostile/utf16le-entity-nesting-3000.xml") << false << dtd + "21040";
         // One 100,000-character entity referenced 1,000 times.
         QTest::newRow("flat entity") << readDataFile("hostile/entity-flat-1000-refs.xml") << false << dtd + "100039";
         QTest::newRow("entities of entities") << readDataFile("hostile/entity-laughs.xml") << false << dtd + "538";
