@@ -85,7 +85,6 @@ private slots:
     {
         // base/target is unpacked into; anything escaping would show up in base.
         m_base.reset(new QTemporaryDir);
-        QVERIFY(m_base->isValid());
         m_target = m_base->filePath("target");
         QVERIFY(QDir().mkpath(m_target));
         m_archive = QDir::temp().filePath(QStringLiteral("archive-%1.zip").arg(QTest::currentTestFunction()));
@@ -216,10 +215,6 @@ private slots:
         QVERIFY(!QFile::exists(m_target + "/broken.bin"));
         QCOMPARE(readFile(m_target + "/first.txt"), QByteArray("1"));
         QCOMPARE(readFile(m_target + "/last.txt"), QByteArray("3"));
-
-        const QString second = m_base->filePath("second");
-        VEXA_NAMESPACE::DecompressFiles(m_archive, second);
-        QVERIFY(!QFile::exists(second + "/broken.bin"));
     }
 
 private:

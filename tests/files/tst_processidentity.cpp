@@ -101,12 +101,8 @@ private slots:
         };
         QCOMPARE(find(name.toUpper()), QDir::toNativeSeparators(host));
         QCOMPARE(find(name.chopped(4)), QString()); // the whole name, extension included
-    }
 
-    // An upgrade while the program runs replaces its file; the name stays the same.
-    void nameAfterTheProgramFileWasReplaced()
-    {
-        QTemporaryDir folder;
+        // An upgrade while the program runs replaces its file; the name stays the same.
         const QString program = folder.filePath("process_probe");
         QVERIFY(QFile::copy(PROCESS_PROBE, program));
         QProcess probe;
