@@ -11,8 +11,7 @@
 #include <QTemporaryDir>
 
 using namespace VEXA_NAMESPACE;
-using UtilsDllTest::readFile;
-using UtilsDllTest::writeFile;
+using namespace UtilsDllTest;
 
 namespace {
 
