@@ -9,11 +9,9 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
-#include <cmath>
 
 using namespace VEXA_NAMESPACE;
-using UtilsDllTest::readFile;
-using UtilsDllTest::writeFile;
+using namespace UtilsDllTest;
 
 class TestFileManagement : public QObject
 {
@@ -30,26 +28,21 @@ private slots:
         const QString shortParts = (QString(200, 'a') + '/').repeated(163); // 32763 characters
         QTest::newRow("32767 characters in short parts") << shortParts + "bbbb" << true << false;
         QTest::newRow("32766 characters in short parts") << shortParts + "bbb" << true << true;
-        QTest::newRow("32766 characters, one overlong part") << QString(32766, 'a') << true << false;
         QTest::newRow("part of 260") << "dir/" + QString(260, 'x') << true << true;
         QTest::newRow("part of 261") << "dir/" + QString(261, 'x') << true << false;
         QTest::newRow("colon in path") << "a:b" << true << true;
         QTest::newRow("colon in name") << "a:b" << false << false;
         QTest::newRow("separator in name") << "dir/file" << false << false;
-        QTest::newRow("backslash in name") << "dir\\file" << false << false;
         for (const QChar forbidden : QStringLiteral("\"<>|?*"))
             QTest::addRow("%c in path", forbidden.toLatin1()) << QString("dir/a") + forbidden + "b.jpg" << true << false;
         QTest::newRow("dots inside a name") << "a..b" << false << false;
         QTest::newRow("leading parent") << "../photo.jpg" << true << false;
         QTest::newRow("resolved parent") << "dir/../photo.jpg" << true << true;
         QTest::newRow("reserved name, any case") << "con" << false << false;
-        QTest::newRow("reserved name as path") << "LPT9" << true << false;
         QTest::newRow("reserved name with extension") << "con.txt" << false << true;
         QTest::newRow("COM0 is not reserved") << "COM0" << false << true;
-        QTest::newRow("CON1 is not reserved") << "CON1" << false << true;
         QTest::newRow("reserved last part") << "dir/con" << true << false;
         QTest::newRow("reserved middle part") << "dir/aux/file" << true << true;
-        QTest::newRow("reserved last part after drive") << "C:/nul" << true << false;
     }
 
     void validateFileName()
@@ -69,14 +62,11 @@ private slots:
 
         QTest::newRow("case ignored") << "dir/A.JPG" << "dir/a.jpg" << int(FullPath) << true;
         QTest::newRow("full path cleaned") << "dir/./sub/../a.jpg" << "dir/a.jpg" << int(FullPath) << true;
-        QTest::newRow("full path differs") << "dir/a.jpg" << "other/a.jpg" << int(FullPath) << false;
         QTest::newRow("path and base name ignore extension") << "dir/a.jpg" << "dir/a.tif" << int(PathAndBaseName) << true;
         QTest::newRow("path and base name meet with no separator") << "dir/ab.jpg" << "dira/b.jpg" << int(PathAndBaseName) << true;
-        QTest::newRow("path and base name, other folder") << "dir/a.jpg" << "dir2/a.jpg" << int(PathAndBaseName) << false;
         QTest::newRow("file name ignores folder") << "one/a.jpg" << "two/a.jpg" << int(FileName) << true;
         QTest::newRow("file name keeps extension") << "one/a.jpg" << "one/a.tif" << int(FileName) << false;
         QTest::newRow("base name stops at last dot") << "a.tar.gz" << "a.tar.jpg" << int(BaseName) << true;
-        QTest::newRow("base name differs") << "a.tar.gz" << "a.zip.gz" << int(BaseName) << false;
         QTest::newRow("unknown condition answers true") << "a.jpg" << "b.png" << 7 << true;
     }
 
@@ -91,70 +81,54 @@ private slots:
 
     void removeDirectoryContent()
     {
-        QTemporaryDir root;
+        QTemporaryDir root, outside;
         const QDir dir(root.path());
-
         QVERIFY(!VEXA_NAMESPACE::removeDirectoryContent(QDir(root.filePath("missing"))));
         QVERIFY2(!VEXA_NAMESPACE::removeDirectoryContent(dir), "an empty folder answers false");
 
-        // Folders are emptied and kept, hidden files go too.
-        QVERIFY(writeFile(root.filePath(".hidden")));
-        QVERIFY(dir.mkpath("sub/deeper"));
-        QVERIFY(writeFile(root.filePath("sub/deeper/a.txt")));
-        QVERIFY(writeFile(root.filePath("sub/b.txt")));
+        // Folders are emptied and kept, hidden files go too; links are removed, never followed.
+        QVERIFY(dir.mkpath("sub/deeper") && writeFile(root.filePath("sub/deeper/a.txt")) && writeFile(root.filePath(".hidden")));
+        QVERIFY(writeFile(outside.filePath("precious.txt")));
+        QVERIFY(QFile::link(outside.path(), root.filePath("linkToFolder")));
+        QVERIFY(QFile::link(outside.filePath("precious.txt"), root.filePath("linkToFile")));
+        QVERIFY(QFile::link(root.filePath("nowhere"), root.filePath("brokenLink")));
         QVERIFY(VEXA_NAMESPACE::removeDirectoryContent(dir));
-        QCOMPARE(QDir(root.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList{"sub"});
+        QCOMPARE(readFile(outside.filePath("precious.txt")), QByteArray("data"));
+        QCOMPARE(QDir(root.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot),
+                 QStringList{"sub"});
         QCOMPARE(QDir(root.filePath("sub")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList{"deeper"});
 
         // The now empty subfolder comes first and stops the walk: the file stays.
         QVERIFY(writeFile(root.filePath("kept.txt")));
         QVERIFY(!VEXA_NAMESPACE::removeDirectoryContent(dir));
         QVERIFY(QFile::exists(root.filePath("kept.txt")));
-        QVERIFY(QDir(root.path()).removeRecursively() && QDir().mkpath(root.path()));
-
-        // Links are removed, never followed.
-        QTemporaryDir outside;
-        QVERIFY(writeFile(outside.filePath("precious.txt")));
-        QVERIFY(QFile::link(outside.path(), root.filePath("linkToFolder")));
-        QVERIFY(QFile::link(outside.filePath("precious.txt"), root.filePath("linkToFile")));
-        QVERIFY(QFile::link(root.filePath("nowhere"), root.filePath("brokenLink")));
-        QVERIFY(writeFile(root.filePath("own.txt")));
-
-        QVERIFY(VEXA_NAMESPACE::removeDirectoryContent(dir));
-        QCOMPARE(readFile(outside.filePath("precious.txt")), QByteArray("data"));
-        QCOMPARE(QDir(root.path()).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot), QStringList());
     }
 
     void renameNeverOverwritesAndTrash()
     {
         QTemporaryDir root;
-        QCOMPARE(moveFileToTrash(root.filePath("missing.jpg")), FileOperationFailed);
-
         const QString path = root.filePath("photo.jpg");
+        QCOMPARE(moveFileToTrash(path), FileOperationFailed);
         QVERIFY(writeFile(path, "pixels"));
         QCOMPARE(moveFileToTrash(path), FileOperationSucceeded);
-        QVERIFY(!QFile::exists(path));
-
         // The isolated test home has its own trash, so the file can be found there.
         const QString trash = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Trash/files";
         QDirIterator trashed(trash, QStringList() << "photo*.jpg", QDir::Files);
-        QVERIFY2(trashed.hasNext(), qPrintable(trash));
+        QVERIFY2(trashed.hasNext() && !QFile::exists(path), qPrintable(trash));
         QCOMPARE(readFile(trashed.next()), QByteArray("pixels"));
 
+        // The public call cleans both names; what exists is never replaced.
         const QString source = root.filePath("source.txt");
-        const QString target = root.filePath("target.txt");
-        QVERIFY(writeFile(source, "new"));
-        QVERIFY(writeFile(target, "old"));
-
-        QVERIFY(!renameFile(source, target));
-        QCOMPARE(readFile(target), QByteArray("old"));
-        QCOMPARE(readFile(source), QByteArray("new"));
-
+        QVERIFY(writeFile(source, "new") && writeFile(root.filePath("target.txt"), "old"));
+        QVERIFY(!renameFile(source, root.filePath("target.txt")));
         QVERIFY(renameFile(source, root.filePath("sub/../renamed.txt")));
-        QCOMPARE(readFile(root.filePath("renamed.txt")), QByteArray("new"));
-        QVERIFY(!QFile::exists(source));
+        QCOMPARE(readFile(root.filePath("renamed.txt")) + readFile(root.filePath("target.txt")), QByteArray("newold"));
 
-        QVERIFY(!renameFile(root.filePath("missing"), root.filePath("other")));
+        // A copy to another file system whose original nobody, root included, may remove is
+        // taken back: the move did not happen, and the file does not stand twice.
+        const QString undeletable = QStringLiteral("/proc/self/comm");
+        QVERIFY(!renameFile(undeletable, root.filePath("comm")));
+        QVERIFY(QFile::exists(undeletable) && !QFile::exists(root.filePath("comm")));
     }
 
     // Both ways of renaming, with RENAME_NOREPLACE and without it (NFS, some FUSE):
@@ -198,23 +172,10 @@ private slots:
         }
     }
 
-    // A copy to another file system whose original cannot be removed is taken back:
-    // the move did not happen, and the file does not stand twice.
-    void renameAcrossFileSystemsLeavesNoCopy()
-    {
-        QTemporaryDir root;
-        // On another file system than the test folder, and nobody, root included, may remove it.
-        const QString undeletable = QStringLiteral("/proc/self/comm");
-        QVERIFY(!renameFile(undeletable, root.filePath("comm")));
-        QVERIFY(QFile::exists(undeletable));
-        QVERIFY(!QFile::exists(root.filePath("comm")));
-    }
-
     void selectFilesInShellReports()
     {
         QTemporaryDir root;
-        QVERIFY(writeFile(root.filePath("a.jpg")));
-        QVERIFY(writeFile(root.filePath("b.jpg")));
+        QVERIFY(writeFile(root.filePath("a.jpg")) && writeFile(root.filePath("b.jpg")));
         UtilsDllTest::ScopedTestLogger logger;
 
         selectFilesInShell(root.filePath("missing"), QStringList() << root.filePath("a.jpg"));
@@ -227,35 +188,17 @@ private slots:
         const QStringList reports = logger->linesAt('E');
         QCOMPARE(reports.size(), 3);
         QVERIFY(reports.at(0).startsWith("ASSERT in ") && reports.at(0).endsWith(" 81"));
-        QVERIFY(reports.at(1).endsWith(" 81"));
-        QVERIFY(reports.at(2).endsWith(" 92"));
+        QVERIFY(reports.at(1).endsWith(" 81") && reports.at(2).endsWith(" 92"));
     }
 
-    void roundWithPrecision_data()
+    // QCOMPARE compares doubles by qFuzzyCompare, as the rounding's own last step does.
+    void roundingAndSmallHelpers()
     {
-        QTest::addColumn<double>("value");
-        QTest::addColumn<int>("precision");
-        QTest::addColumn<double>("expected");
-
-        QTest::newRow("precision 0 rounds to whole") << 2.345 << 0 << 2.0;
-        QTest::newRow("negative precision as 0") << 2.5 << -3 << 3.0;
-        QTest::newRow("two places, up") << 1.235001 << 2 << 1.24;
-        QTest::newRow("three places, negative") << -1.23456 << 3 << -1.235;
-        QTest::newRow("beyond int range") << 5e10 + 0.126 << 2 << 5e10 + 0.13;
-    }
-
-    void roundWithPrecision()
-    {
-        QFETCH(double, value);
-        QFETCH(int, precision);
-        QFETCH(double, expected);
-        const double result = VEXA_NAMESPACE::roundWithPrecision(value, precision);
-        QVERIFY2(std::fabs(result - expected) <= 1e-9 * std::max(1.0, std::fabs(expected)),
-                 qPrintable(QString::number(result, 'g', 17)));
-    }
-
-    void normalizedPathAndDiskSpace()
-    {
+        QCOMPARE(VEXA_NAMESPACE::roundWithPrecision(2.345, 0), 2.0);
+        QCOMPARE(VEXA_NAMESPACE::roundWithPrecision(2.5, -3), 3.0); // a negative precision counts as 0
+        QCOMPARE(VEXA_NAMESPACE::roundWithPrecision(1.235001, 2), 1.24);
+        QCOMPARE(VEXA_NAMESPACE::roundWithPrecision(-1.23456, 3), -1.235);
+        QCOMPARE(VEXA_NAMESPACE::roundWithPrecision(5e10 + 0.126, 2), 5e10 + 0.13); // beyond the int range
         QCOMPARE(normalizedFilePath("Dir/Sub/Photo.JPG"), QDir::toNativeSeparators("dir/sub/photo.jpg"));
         QVERIFY(availableDiskSpace(QDir::tempPath()) > 0);
     }

@@ -38,22 +38,14 @@ class InteropService(ServiceBase):
         raise Fault(faultcode="Server.Calibration", faultstring=reason, detail={"lens": "Tilt 24"})
 
 
-class QuietHandler(WSGIRequestHandler):
-    def log_message(self, *args):
-        pass
-
-
-def exit_when_parent_goes():
-    sys.stdin.read()
-    os._exit(0)
-
-
 def main():
     logging.basicConfig(level=logging.CRITICAL)
+    QuietHandler = type("QuietHandler", (WSGIRequestHandler,), {"log_message": lambda self, *args: None})
     application = Application([InteropService], tns=NAMESPACE,
                               in_protocol=Soap11(validator=None), out_protocol=Soap11())
     server = make_server("127.0.0.1", 0, WsgiApplication(application), handler_class=QuietHandler)
-    threading.Thread(target=exit_when_parent_goes, daemon=True).start()
+    # Ends when the test process goes, even if it could not kill the server.
+    threading.Thread(target=lambda: (sys.stdin.read(), os._exit(0)), daemon=True).start()
     print("PORT %d" % server.server_port, flush=True)
     server.serve_forever()
 

@@ -7,6 +7,8 @@
 #include "QtSoapStruct.h"
 #include "QtSoapTypeFactory.h"
 
+#include <QSet>
+
 #include <memory>
 
 using namespace VEXA_NAMESPACE;
@@ -22,23 +24,6 @@ QDomElement parseElement(const QString& xml)
     keepAlive.append(doc);
     return doc.documentElement();
 }
-
-// Exposes the protected text builders.
-class InspectableArray : public QtSoapArray
-{
-public:
-    using QtSoapArray::QtSoapArray;
-    using QtSoapArray::arraySizeString;
-    using QtSoapArray::arrayTypeString;
-};
-
-class CountedValue : public QtSoapSimpleType
-{
-public:
-    explicit CountedValue(int* deletions) : QtSoapSimpleType(QtSoapQName(QStringLiteral("counted")), 1), m_deletions(deletions) {}
-    ~CountedValue() override { ++*m_deletions; }
-    int* m_deletions;
-};
 
 QtSoapSimpleType* intItem(int value)
 {
@@ -61,42 +46,31 @@ class TestSoapValues : public QObject
     Q_OBJECT
 private slots:
     // Must run before anything constructs a QtSoapMessage, which fills the table.
-    void namespaceTableStartsEmpty()
+    void namespaceTable()
     {
         const QString envelope = QStringLiteral("http://schemas.xmlsoap.org/soap/envelope/");
+        const QString xsi = QStringLiteral("http://www.w3.org/1999/XMLSchema-instance");
         QtSoapNamespaces& table = QtSoapNamespaces::instance();
         QCOMPARE(table.prefixFor(envelope), QString());
         QDomDocument doc;
-        QDomElement element = QtSoapSimpleType(QtSoapQName(QStringLiteral("v"), QStringLiteral("urn:x")), 1).toDomElement(doc);
-        QCOMPARE(element.prefix(), QString());
-        QCOMPARE(element.attributeNodeNS(QStringLiteral("http://www.w3.org/1999/XMLSchema-instance"), QStringLiteral("type")).value(),
-                 QStringLiteral("xsd:int"));
-
+        QtSoapSimpleType value(QtSoapQName(QStringLiteral("v"), QStringLiteral("urn:x")), 1);
+        QCOMPARE(value.toDomElement(doc).attributeNodeNS(xsi, QStringLiteral("type")).value(), QStringLiteral("xsd:int"));
         table.registerNamespace(QStringLiteral("x"), QStringLiteral("urn:x"));
-        QCOMPARE(table.prefixFor(QStringLiteral("urn:x")), QStringLiteral("x"));
-        QCOMPARE(table.prefixFor(QStringLiteral("URN:X")), QString());
-        table.registerNamespace(QStringLiteral("y"), QStringLiteral("urn:x"));
+        table.registerNamespace(QStringLiteral("y"), QStringLiteral("urn:x")); // the later one wins
         QCOMPARE(table.prefixFor(QStringLiteral("urn:x")), QStringLiteral("y"));
-
+        QCOMPARE(table.prefixFor(QStringLiteral("URN:X")), QString());
+        // Every message registers its prefixes again.
         { QtSoapMessage first; }
+        table.registerNamespace(QStringLiteral("env"), envelope);
         QtSoapMessage second;
         QCOMPARE(table.prefixFor(envelope), QStringLiteral("SOAP-ENV"));
-        table.registerNamespace(QStringLiteral("env"), envelope);
-        QtSoapMessage third;
-        QCOMPARE(table.prefixFor(envelope), QStringLiteral("SOAP-ENV"));
         // The type attribute's name follows the table, although it is built once.
-        element = QtSoapSimpleType(QtSoapQName(QStringLiteral("v"), QStringLiteral("urn:x")), 1).toDomElement(doc);
-        QCOMPARE(element.attributeNodeNS(QStringLiteral("http://www.w3.org/1999/XMLSchema-instance"), QStringLiteral("type")).prefix(),
-                 QStringLiteral("xsi"));
+        QCOMPARE(value.toDomElement(doc).attributeNodeNS(xsi, QStringLiteral("type")).prefix(), QStringLiteral("xsi"));
     }
 
     void typeNamesAndNameEquality()
     {
-        // Names are trimmed and matched without case; "hexBinary" and "nonPositiveInteger" never match.
-        const QList<QPair<QString, QtSoapType::Type>> names = {{"  INT \t", QtSoapType::Int}, {"hexBinary", QtSoapType::Other},
-            {"nonPositiveInteger", QtSoapType::Other}, {"array", QtSoapType::Other}, {"lens", QtSoapType::Other}};
-        for (const auto& [text, type] : names)
-            QVERIFY2(QtSoapType::nameToType(text) == type, qPrintable(text));
+        QCOMPARE(QtSoapType::nameToType(QStringLiteral("  INT \t")), QtSoapType::Int); // trimmed, any case
         QCOMPARE(QtSoapType::typeToName(QtSoapType::NMToken), QStringLiteral("NMToken"));
         QCOMPARE(QtSoapType::typeToName(QtSoapType::Name), QStringLiteral("name"));
         QCOMPARE(QtSoapType::typeToName(QtSoapType::IDRef), QStringLiteral("IDREF"));
@@ -108,65 +82,63 @@ private slots:
             QCOMPARE(QtSoapType::nameToType(QtSoapType::typeToName(type).toUpper()), noKey ? QtSoapType::Other : type);
         }
 
-        // A key without a URI matches any namespace; URIs and names compare without case.
-        QVERIFY(QtSoapQName("Body", "urn:a") == QtSoapQName("BODY", ""));
-        QVERIFY(QtSoapQName("Body", "urn:a") == QtSoapQName("body", QString()));
+        // A key without a URI matches any namespace, not the other way round; URIs compare
+        // without case. The struct lookups below show the rest.
         QVERIFY(!(QtSoapQName("Body", "") == QtSoapQName("Body", "urn:a")));
         QVERIFY(QtSoapQName("Body", "URN:A") == QtSoapQName("body", "urn:a"));
-        QVERIFY(!(QtSoapQName("Body", "urn:b") == QtSoapQName("Body", "urn:a")));
-        QVERIFY(!(QtSoapQName("Body", "") == QtSoapQName("Head", "")));
         QtSoapQName assigned(QStringLiteral("a"), QStringLiteral("urn:a"));
         assigned = QStringLiteral("b"); // a plain name drops the namespace
         QCOMPARE(assigned.uri(), QString(""));
     }
 
-    // Only a failed parse sets an error text, and then the name stays empty.
-    void simpleParse_data()
+    // The factory chooses by type and shape; a scalar also parses on its own, where only
+    // a failed parse sets an error text, and then the name stays empty.
+    void readElement_data()
     {
         QTest::addColumn<QString>("xml");
-        QTest::addColumn<bool>("parsed");
-        QTest::addColumn<int>("type");
+        QTest::addColumn<int>("type"); // -1: the factory makes nothing
+        QTest::addColumn<int>("parsed"); // as a scalar; -1: not a scalar
         QTest::addColumn<QVariant>("value");
-        QTest::newRow("no type is a string") << "<v> text </v>" << true << int(QtSoapType::String) << QVariant(" text ");
-        QTest::newRow("xsi int") << "<v xmlns:xsi='urn:i' xsi:type='xsd:int'>-42</v>" << true << int(QtSoapType::Int) << QVariant(-42);
-        QTest::newRow("empty int is 0") << "<v type='int'/>" << true << int(QtSoapType::Int) << QVariant(0);
-        QTest::newRow("plus sign is a type error") << "<p:v xmlns:p='urn:p' type='int'>+5</p:v>" << false << int(QtSoapType::Int) << QVariant();
-        QTest::newRow("type in capitals") << "<v type='XSD:Int'>5</v>" << true << int(QtSoapType::Int) << QVariant(5);
-        QTest::newRow("unsignedByte is an integer too") << "<v type='unsignedByte'>+5</v>" << false << int(QtSoapType::UnsignedByte) << QVariant();
-        QTest::newRow("leading colon stays Other") << "<v type=':int'>7</v>" << true << int(QtSoapType::Other) << QVariant("7");
-        QTest::newRow("hexBinary is Other text") << "<v type='xsd:hexBinary'>0AFF</v>" << true << int(QtSoapType::Other) << QVariant("0AFF");
-        QTest::newRow("decimal fraction reads 0") << "<v type='decimal'>1.5</v>" << true << int(QtSoapType::Decimal) << QVariant(0);
-        QTest::newRow("long beyond 32 bits reads 0") << "<v type='long'>9999999999</v>" << true << int(QtSoapType::Long) << QVariant(0);
-        QTest::newRow("boolean words") << "<v type='boolean'> TRUE </v>" << true << int(QtSoapType::Boolean) << QVariant(true);
-        QTest::newRow("boolean yes leaves value") << "<v type='boolean'>yes</v>" << true << int(QtSoapType::Boolean) << QVariant();
-        QTest::newRow("bad double reads 0") << "<v type='double'>lens</v>" << true << int(QtSoapType::Double) << QVariant(0.0);
+        const int none = -1;
+        QTest::newRow("no type is a string") << "<v> text </v>" << int(QtSoapType::String) << 1 << QVariant(" text ");
+        QTest::newRow("xsi int") << "<v xmlns:xsi='urn:i' xsi:type='xsd:int'>-42</v>" << int(QtSoapType::Int) << 1 << QVariant(-42);
+        QTest::newRow("empty int is 0") << "<v type='int'/>" << int(QtSoapType::Int) << 1 << QVariant(0);
+        QTest::newRow("plus sign is a type error") << "<p:v xmlns:p='urn:p' type='int'>+5</p:v>" << int(QtSoapType::Int) << 0 << QVariant();
+        QTest::newRow("unsignedByte is an integer too") << "<v type='unsignedByte'>+5</v>" << int(QtSoapType::UnsignedByte) << 0 << QVariant();
+        QTest::newRow("decimal fraction reads 0") << "<v type='decimal'>1.5</v>" << int(QtSoapType::Decimal) << 1 << QVariant(0);
+        QTest::newRow("long beyond 32 bits reads 0") << "<v type='long'>9999999999</v>" << int(QtSoapType::Long) << 1 << QVariant(0);
+        QTest::newRow("boolean words") << "<v type='boolean'> TRUE </v>" << int(QtSoapType::Boolean) << 1 << QVariant(true);
+        QTest::newRow("boolean yes leaves value") << "<v type='boolean'>yes</v>" << int(QtSoapType::Boolean) << 1 << QVariant();
+        QTest::newRow("encoded array") << "<v xmlns:x='urn:x' x:type='SOAP-ENC:Array'><i>1</i></v>" << int(QtSoapType::Array) << none << QVariant();
+        QTest::newRow("unknown type, children") << "<v type='lens'><i>1</i></v>" << int(QtSoapType::Struct) << none << QVariant();
+        QTest::newRow("other is a struct") << "<v type='other'><i>1</i></v>" << int(QtSoapType::Struct) << none << QVariant();
+        QTest::newRow("other with text: none") << "<v type='other'>text</v>" << none << none << QVariant();
+        QTest::newRow("no type, named array") << "<p:ARRAY xmlns:p='urn:p'><i>1</i></p:ARRAY>" << int(QtSoapType::Array) << none << QVariant();
+        QTest::newRow("dateTime with child") << "<v type='xsd:dateTime'><i/></v>" << int(QtSoapType::Struct) << none << QVariant();
+        QTest::newRow("leading comment makes a string") << "<v><!-- c --><i>1</i></v>" << int(QtSoapType::String) << none << QVariant();
+        QTest::newRow("array type with text: none") << "<v type='array'>text</v>" << none << none << QVariant();
+        // Named "array", so the array constructor is chosen, whose parse refuses the declared type.
+        QTest::newRow("named array of another type: none") << "<p:Array xmlns:p='urn:p' type='lens'><i>1</i></p:Array>" << none
+                                                           << none << QVariant();
     }
 
-    void simpleParse()
+    void readElement()
     {
         QFETCH(QString, xml);
-        QFETCH(bool, parsed);
         QFETCH(int, type);
+        QFETCH(int, parsed);
         QFETCH(QVariant, value);
+        const QtSmartPtr<QtSoapType> made = QtSoapTypeFactory::instance().soapType(parseElement(xml));
+        QCOMPARE(made.ptr() ? int(made->type()) : -1, parsed == 0 ? -1 : type);
+        if (parsed < 0)
+            return;
         QtSoapSimpleType scalar;
-        QCOMPARE(scalar.parse(parseElement(xml)), parsed);
+        QCOMPARE(scalar.parse(parseElement(xml)), parsed == 1);
         QCOMPARE(int(scalar.type()), type);
         QCOMPARE(scalar.value(), value);
         QCOMPARE(scalar.errorString(), parsed ? QStringLiteral("Unknown error") : QStringLiteral("Type error at element \"v\""));
         QCOMPARE(scalar.name().name(), parsed ? QStringLiteral("v") : QString());
         QCOMPARE(scalar.toBool(), value.toBool());
-    }
-
-    // Lookups that find nothing answer one shared invalid object per form.
-    void notFoundObjects()
-    {
-        QtSoapSimpleType scalar(QtSoapQName(QStringLiteral("s")), 1);
-        QVERIFY(!scalar[0].isValid() && !scalar[QStringLiteral("x")].isValid());
-        QCOMPARE(&scalar[0], &scalar[1]);
-        QVERIFY(&scalar[0] != &scalar[QStringLiteral("x")]);
-        QtSoapArray array;
-        QVERIFY(!array.at(4).isValid());
-        QCOMPARE(&array[QStringLiteral("x")], &scalar[QStringLiteral("y")]);
     }
 
     void arrayIndexing()
@@ -189,11 +161,6 @@ private slots:
         expectRefused("Attempted to insert item at position (0, 0, 0) in 2-dimensional QtSoapArray.",
                       [&](QtSoapType* item) { grid.insert(0, 0, 0, item); });
 
-        // Four and five dimensions have no range test.
-        QtSoapArray cube(QtSoapQName(QStringLiteral("c")), QtSoapType::Int, 1, 1, 1, 1);
-        cube.insert(1, 2, 3, 4, intItem(9));
-        QCOMPARE(cube.at(1, 2, 3, 4).toInt(), 9);
-
         QtSoapArray typed;
         typed.insert(0, intItem(1));
         QtSoapSimpleType text(QtSoapQName(QStringLiteral("t")), QStringLiteral("x"));
@@ -211,27 +178,8 @@ private slots:
         QCOMPARE(list.at(1).toInt(), 5);
     }
 
-    void arrayTextsIteratorAndParse()
+    void arrayParse()
     {
-        QCOMPARE(InspectableArray().arraySizeString(), QStringLiteral("[0]"));
-        QCOMPARE(InspectableArray(QtSoapQName(QStringLiteral("a"))).arraySizeString(), QStringLiteral("[]"));
-        QCOMPARE(InspectableArray(QtSoapQName(QStringLiteral("a")), QtSoapType::Int, 2, -1, 4).arraySizeString(), QStringLiteral("[2,-1,4]"));
-        InspectableArray ofEmptyArrays(QtSoapQName(QStringLiteral("o")), QtSoapType::Array, 2);
-        ofEmptyArrays.insert(0, new QtSoapArray(QtSoapQName(QStringLiteral("i"))));
-        QCOMPARE(ofEmptyArrays.arrayTypeString(), QStringLiteral("int[2]"));
-
-        QtSoapArray fiveD(QtSoapQName(QStringLiteral("f")), QtSoapType::Int, 2, 2, 2, 3, 2);
-        fiveD.insert(1, 0, 1, 2, 1, intItem(9));
-        QtSoapArrayIterator it(fiveD);
-        QCOMPARE(it.pos(), 35);
-        int p[5] = {-9, -9, -9, -9, -9};
-        it.pos(&p[0], &p[1], &p[2], &p[3], &p[4]);
-        // pos3 is divided by size3, so the key does not map back to (1,0,1,2,1).
-        QCOMPARE(QVector<int>(p, p + 5), (QVector<int>{1, 0, 1, 1, 2}));
-        QCOMPARE(it.data()->toInt(), 9);
-        ++it;
-        QVERIFY(it.atEnd() && !it.data());
-
         QtSoapArray array;
         QVERIFY(array.parse(parseElement(
             "<a><i>1</i><i position='5'>2</i><!-- skipped --><i>3</i><i position='[1]'>4</i></a>")));
@@ -255,11 +203,6 @@ private slots:
         QCOMPARE(s[1].toInt(), 2);
         QVERIFY(!s[2].isValid() && !s[-1].isValid());
 
-        QtSoapStructIterator it(s);
-        QCOMPARE(it.key().uri(), QStringLiteral("urn:a"));
-        ++it;
-        ++it;
-        QVERIFY(!it.data() && it.key().name().isNull() && it.key().uri().isNull());
 
         QtSoapStruct parsed;
         QVERIFY(!parsed.parse(parseElement("<s><a>1</a>loose text</s>")));
@@ -270,53 +213,31 @@ private slots:
                  QStringLiteral("In the struct element s, child #1, x, was not recognized as a SOAP type."));
     }
 
-    void copiesShareItems()
+    // An iterator made before the container was copied must still walk the items it
+    // started on: every item once, then the end.
+    void iteratorsOverSharedItems()
     {
-        int deletions = 0;
-        {
-            auto* original = new QtSoapStruct(QtSoapQName(QStringLiteral("s")));
-            original->insert(new CountedValue(&deletions));
-            QtSoapStruct copy(*original);
-            QtSoapStruct assigned;
-            assigned = copy;
-            assigned = assigned;
-            delete original;
-            QCOMPARE(deletions, 0);
-            QCOMPARE(&copy[0], &assigned[0]);
+        QtSoapArray array(QtSoapQName(QStringLiteral("a")), QtSoapType::Int, 100);
+        QtSoapStruct members(QtSoapQName(QStringLiteral("s")));
+        for (int i = 0; i < 100; ++i) {
+            array.insert(i, new QtSoapSimpleType(QtSoapQName(QStringLiteral("i")), i));
+            members.insert(new QtSoapSimpleType(QtSoapQName(QString::number(i)), i));
         }
-        QCOMPARE(deletions, 1);
-
-        QtSoapArray array;
-        array.insert(0, new CountedValue(&deletions));
-        array.insert(0, new CountedValue(&deletions)); // replaces and frees the first
-        QCOMPARE(deletions, 2);
-    }
-
-    void factoryChoosesByTypeAndShape_data()
-    {
-        QTest::addColumn<QString>("xml");
-        QTest::addColumn<int>("type");
-        QTest::newRow("encoded array") << "<v xmlns:x='urn:x' x:type='SOAP-ENC:Array'><i>1</i></v>" << int(QtSoapType::Array);
-        QTest::newRow("unknown type, children") << "<v type='lens'><i>1</i></v>" << int(QtSoapType::Struct);
-        QTest::newRow("other is a struct") << "<v type='other'><i>1</i></v>" << int(QtSoapType::Struct);
-        QTest::newRow("other with text: none") << "<v type='other'>text</v>" << -1;
-        QTest::newRow("no type, named array") << "<p:ARRAY xmlns:p='urn:p'><i>1</i></p:ARRAY>" << int(QtSoapType::Array);
-        QTest::newRow("dateTime with text") << "<v type='xsd:dateTime'>2020-01-01</v>" << int(QtSoapType::DateTime);
-        QTest::newRow("dateTime with child") << "<v type='xsd:dateTime'><i/></v>" << int(QtSoapType::Struct);
-        QTest::newRow("leading comment makes a string") << "<v><!-- c --><i>1</i></v>" << int(QtSoapType::String);
-        QTest::newRow("nmtokens scalar of type Other") << "<v type='NMTOKENS'>a b</v>" << int(QtSoapType::Other);
-        QTest::newRow("only a colon") << "<v type=':'>1</v>" << int(QtSoapType::Other);
-        QTest::newRow("array type with text: none") << "<v type='array'>text</v>" << -1;
-        // Named "array", so the array constructor is chosen, whose parse refuses the declared type.
-        QTest::newRow("named array of another type: none") << "<p:Array xmlns:p='urn:p' type='lens'><i>1</i></p:Array>" << -1;
-    }
-
-    void factoryChoosesByTypeAndShape()
-    {
-        QFETCH(QString, xml);
-        QFETCH(int, type);
-        const QtSmartPtr<QtSoapType> value = QtSoapTypeFactory::instance().soapType(parseElement(xml));
-        QCOMPARE(value.ptr() ? int(value->type()) : -1, type);
+        QtSoapArrayIterator arrayIt(array);
+        QtSoapStructIterator structIt(members);
+        const QtSoapArray arrayCopy(array);
+        const QtSoapStruct structCopy(members);
+        QSet<int> seen;
+        for (int steps = 0; steps < 100; ++steps, ++arrayIt, ++structIt) {
+            QVERIFY(!arrayIt.atEnd() && arrayIt.data() && arrayIt.current() == arrayIt.data() && structIt.data());
+            QCOMPARE(arrayIt.data()->toInt(), arrayIt.pos());
+            seen.insert(arrayIt.pos());
+            QCOMPARE(structIt.data()->toInt(), steps); // a struct keeps the order of insertion
+            QCOMPARE(structIt.key().name(), QString::number(steps));
+        }
+        QVERIFY(arrayIt.atEnd() && !arrayIt.data() && !arrayIt.current() && !structIt.data());
+        QCOMPARE(seen.size(), 100);
+        QCOMPARE(arrayCopy.count() + structCopy.count(), 200);
     }
 
     void factoryRegistration()

@@ -50,4 +50,3 @@ x86_64-w64-mingw32-windres "$work/othername.rc" -O coff -o "$work/othername.o"
 link versioned.exe "$work/version.o"
 link unversioned.exe
 link othername.exe "$work/othername.o"
-ls -l versioned.exe unversioned.exe othername.exe
