@@ -1,5 +1,7 @@
 #include "FileManagement.h"
+#ifndef Q_OS_WIN
 #include "RenameNoReplace.h"
+#endif
 #include "FileTestHelpers.h"
 #include "TestEnvironment.h"
 #include "TestLogger.h"
@@ -151,6 +153,9 @@ private slots:
         QFETCH(QString, source);
         QFETCH(QString, target);
         QFETCH(bool, renamed);
+#ifdef Q_OS_WIN
+        QSKIP("Linux's two ways of renaming without replacing; the Windows call is tested with the seam under Wine");
+#else
         for (const auto rename : {&VexaPlatform::renameNoReplace, &VexaPlatform::renameWithoutReplaceFlag}) {
             QTemporaryDir root;
             QVERIFY(QDir(root.path()).mkpath("folder/inner") && QDir(root.path()).mkdir("emptyFolder"));
@@ -170,6 +175,7 @@ private slots:
             else if (source == "folder")
                 QCOMPARE(readFile(moved + "/inner/a.txt"), QByteArray("a"));
         }
+#endif
     }
 
     void selectFilesInShellReports()
