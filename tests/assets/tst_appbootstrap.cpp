@@ -35,8 +35,6 @@ QString resourceText(const QString& path)
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-QStringList s_warnings;
-
 QStringList pathsNamedIn(const QString& root, const QStringList& filters)
 {
     // A resource path opens a string literal or a url(); "C:/..." is a drive.
@@ -74,32 +72,6 @@ private slots:
     {
         QFETCH(QString, path);
         QVERIFY(QFileInfo::exists(path));
-    }
-
-    void styleSheetsParse_data()
-    {
-        QTest::addColumn<QByteArray>("sheet");
-        QTest::addColumn<bool>("broken");
-        for (const char* name : {"custom", "settings", "slider", "message_box", "crash_sender", "win", "mac"})
-            QTest::newRow(name) << resourceText(QStringLiteral(":/qss/%1.qss").arg(name)).toUtf8() << false;
-        QTest::newRow("a broken sheet, to show the check works") << QByteArray("QWidget { color: red; ") << true;
-    }
-    void styleSheetsParse()
-    {
-        QFETCH(QByteArray, sheet);
-        QFETCH(bool, broken);
-        QVERIFY(!sheet.isEmpty());
-        s_warnings.clear();
-        QtMessageHandler previous = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
-            if (type != QtDebugMsg && type != QtInfoMsg)
-                s_warnings << text;
-        });
-        qApp->setStyleSheet(QString::fromUtf8(sheet));
-        QWidget widget;
-        widget.ensurePolished(); // the application sheet is parsed whole here
-        qInstallMessageHandler(previous);
-        qApp->setStyleSheet(QString());
-        QCOMPARE(s_warnings.filter("stylesheet", Qt::CaseInsensitive).isEmpty(), !broken);
     }
 
     void fontsAndIconsRegister()
