@@ -3,22 +3,18 @@
 # coverage instrumentation sees the code under test, not only the entry point.
 set(_fileManagementDir ${PROJECT_SOURCE_DIR}/modules/utilsDll)
 if(WIN32)
-    set(_fileManagementPlatform ${_fileManagementDir}/platform/win/FileManagement.cpp)
-    set(_fileManagementLibraries shell32 ole32)
-    set(_fileManagementDefinitions UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX)
+    # No coverage build on Windows: the replay calls the DLL's own exports, which the
+    # same functions compiled in beside would clash with.
+    set(_fileManagementSources)
+    set(_fileManagementLibraries)
 else()
-    set(_fileManagementPlatform ${_fileManagementDir}/platform/linux/FileManagement.cpp
+    set(_fileManagementSources ${_fileManagementDir}/FileManagement.cpp
+        ${_fileManagementDir}/platform/linux/FileManagement.cpp
         ${_fileManagementDir}/platform/linux/RenameNoReplace.cpp)
     set(_fileManagementLibraries Qt5::DBus)
 endif()
 utilsdll_add_fuzzer(fuzz_file_names
-    SOURCES
-        ${CMAKE_CURRENT_LIST_DIR}/fuzz_file_names.cpp
-        ${_fileManagementDir}/FileManagement.cpp
-        ${_fileManagementPlatform}
+    SOURCES ${CMAKE_CURRENT_LIST_DIR}/fuzz_file_names.cpp ${_fileManagementSources}
     LIBRARIES ${_fileManagementLibraries}
     INCLUDES ${_fileManagementDir}
     INPUTS ${CMAKE_CURRENT_LIST_DIR}/corpus/file_names)
-if(_fileManagementDefinitions AND TARGET fuzz_file_names_replay)
-    target_compile_definitions(fuzz_file_names_replay PRIVATE ${_fileManagementDefinitions})
-endif()

@@ -35,7 +35,7 @@ int main(int argc, char** argv)
     }
     LLVMFuzzerTestOneInput(nullptr, 0);
     for (const fs::path& file : files) {
-        std::fprintf(stderr, "%s\n", file.c_str());
+        std::fprintf(stderr, "%s\n", file.string().c_str());
         std::ifstream stream(file, std::ios::binary);
         const std::vector<char> bytes((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
         LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
