@@ -31,7 +31,8 @@ function(utilsdll_deploy_windows_runtime)
     foreach(module Core Gui Widgets Xml Network Svg Sql Test)
         list(APPEND dlls $<TARGET_FILE:Qt5::${module}>)
     endforeach()
-    list(APPEND dlls $<TARGET_FILE:QuaZip::QuaZip>)
+    # The library itself, for the programs built into folders of their own.
+    list(APPEND dlls $<TARGET_FILE:QuaZip::QuaZip> $<TARGET_FILE:UtilsDll>)
     # The compiler's runtime, and the zlib of Debian's mingw-w64 that QuaZip links,
     # where the compiler finds them.
     foreach(runtime libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll zlib1.dll)
@@ -71,5 +72,6 @@ function(utilsdll_deploy_windows_runtime)
         endforeach()
     endforeach()
     add_custom_target(utilsdll_windows_runtime ALL ${commands}
-        COMMENT "Placing the Qt, QuaZip and compiler DLLs beside the programs" VERBATIM)
+        COMMENT "Placing the library, Qt, QuaZip and compiler DLLs beside the programs" VERBATIM)
+    add_dependencies(utilsdll_windows_runtime UtilsDll)
 endfunction()

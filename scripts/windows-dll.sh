@@ -66,6 +66,9 @@ export QT_QPA_FONTDIR=$scratch/fonts
 export HOME="$scratch/home" WINEPREFIX="$scratch/prefix"
 export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 export WINEARCH=win64
+# Without a console window Qt sends its messages, QtTest's report among them, to the
+# debugger, and CTest reads the standard streams.
+export QT_FORCE_STDERR_LOGGING=1
 unset DISPLAY WAYLAND_DISPLAY
 mkdir -p "$HOME" "$WINEPREFIX"
 echo "== windows-dll: preparing the Wine prefix"

@@ -17,8 +17,19 @@ trap stopWine EXIT
 # writes: the copy links the files, and copies only the registry, which Wine rewrites.
 cp -al "$template/." "$WINEPREFIX/"
 cp --remove-destination "$template"/*.reg "$WINEPREFIX/"
+# Wine hands no QT_ variable of the Linux side to Windows programs: the ones this run
+# was given (the test's platform plug-in, hash seed, font folder...) go into the copy's
+# own environment, imported before the program starts.
+{
+    printf 'REGEDIT4\n\n[HKEY_CURRENT_USER\\Environment]\n'
+    env | grep '^QT_' | while IFS='=' read -r name value; do
+        value=${value//\\/\\\\}
+        printf '"%s"="%s"\n' "$name" "${value//\"/\\\"}"
+    done
+} > "$WINEPREFIX/qt-environment.reg"
 # The server and Wine's own processes start away from the caller's pipes, which they
 # would otherwise keep open (CTest waits for them).
 wineserver -p < /dev/null > /dev/null 2>&1
 wine cmd /c exit < /dev/null > /dev/null 2>&1
+wine regedit /S "$(winepath -w "$WINEPREFIX/qt-environment.reg" 2> /dev/null)" < /dev/null > /dev/null 2>&1
 wine "$@"

@@ -12,12 +12,12 @@ private slots:
     void hostPluginFolder()
     {
         const QByteArray connector = qgetenv("CONNECTOR_MODULE");
-        const QString hostFolder = QFileInfo(QCoreApplication::applicationFilePath()).canonicalPath() + '/';
+        const QString hostFolder = QDir::toNativeSeparators(QFileInfo(QCoreApplication::applicationFilePath()).canonicalPath() + '/');
         QString expected = hostFolder;
         if (!connector.isEmpty()) {
             QLibrary module(QString::fromLocal8Bit(connector));
             QVERIFY2(module.load(), qPrintable(module.errorString()));
-            expected = QFileInfo(QString::fromLocal8Bit(connector)).canonicalPath() + '/';
+            expected = QDir::toNativeSeparators(QFileInfo(QString::fromLocal8Bit(connector)).canonicalPath() + '/');
             QVERIFY(expected != hostFolder);
         }
         QCOMPARE(Vexa::getQtPluginsDir(true), expected);
