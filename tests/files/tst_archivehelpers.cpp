@@ -118,9 +118,11 @@ private slots:
         QCOMPARE(readFile(m_target + "/first.txt"), QByteArray("1"));
         QCOMPARE(readFile(m_target + "/sub/last.txt"), QByteArray("3"));
         QVERIFY2(QFileInfo(m_target + "/sub").isDir(), "a folder entry creates its folder and still fails");
+#ifndef Q_OS_WIN // the entry's Unix permissions; Windows files have none of these bits
         QCOMPARE(QFile::permissions(m_target + "/first.txt") & (QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup
                                                                | QFile::WriteGroup | QFile::ReadOther),
                  QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
+#endif
 
         const QString clean = m_base->filePath("clean");
         QVERIFY(makeArchive(m_archive, {{"a.txt", "a"}, {"b/c.txt", "c"}}));

@@ -13,8 +13,20 @@ using Vexa::CStorageLocation;
 
 namespace {
 
-QString maker() { return qEnvironmentVariable("XDG_DATA_HOME") + "/Vexa_Labs/"; }
-QString productFolder() { return maker() + "Vexa Rectivo 3/"; }
+#ifdef Q_OS_WIN
+// Under Wine each test has a prefix, and so known folders, of its own.
+QString localAppData() { return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation); }
+QString publicPictures() { return qEnvironmentVariable("PUBLIC") + "/Pictures"; }
+QString machinePreferences() { return qEnvironmentVariable("ProgramData") + "/Vexa Labs/Vexa Rectivo 3/Preferences.ini"; }
+#else
+QString localAppData() { return qEnvironmentVariable("XDG_DATA_HOME"); }
+QString publicPictures() { return UtilsDllTest::IsolatedEnvironment::home() + "/Pictures"; }
+// The machine-wide folder has a blank, the per-user one an underscore; the disk is not touched.
+QString machinePreferences() { return "/opt/site/xdg/Vexa Labs/Vexa Rectivo 3/Preferences.ini"; }
+#endif
+// The folders come back in the platform's separators.
+QString maker(const QString& below = QString()) { return QDir::toNativeSeparators(localAppData() + "/Vexa_Labs/" + below); }
+QString productFolder(const QString& below = QString()) { return maker("Vexa Rectivo 3/" + below); }
 
 } // namespace
 
@@ -32,21 +44,19 @@ private slots:
         }
         CStorageLocation::setPreferencesFilePath("relative/../odd//Prefs.ini");
         QCOMPARE(CStorageLocation::getCurrentPreferencesFilePath(), QString("relative/../odd//Prefs.ini"));
-        // The machine-wide folder has a blank, the per-user one an underscore; the disk is not touched.
         qputenv("XDG_CONFIG_DIRS", "relative/ignored:/opt/site//xdg/:/etc/other");
-        QCOMPARE(CStorageLocation::getDefaultPreferencesFilePath(),
-                 QString("/opt/site/xdg/Vexa Labs/Vexa Rectivo 3/Preferences.ini"));
-        QVERIFY(!QDir("/opt/site").exists());
+        QCOMPARE(CStorageLocation::getDefaultPreferencesFilePath(), QDir::toNativeSeparators(machinePreferences()));
+        QVERIFY(!QFileInfo::exists(QFileInfo(machinePreferences()).path()));
     }
 
     void folders()
     {
-        QCOMPARE(CStorageLocation::appDataLocation("Some Tool"), maker() + "Some Tool/");
-        QVERIFY(!QDir(maker() + "Some Tool").exists()); // named, not made
-        QCOMPARE(CStorageLocation::cafDataPathOfRectivo2(), maker() + "Vexa Rectivo 2/Modules/");
+        QCOMPARE(CStorageLocation::appDataLocation("Some Tool"), maker("Some Tool/"));
+        QVERIFY(!QDir(maker("Some Tool")).exists()); // named, not made
+        QCOMPARE(CStorageLocation::cafDataPathOfRectivo2(), maker("Vexa Rectivo 2/Modules/"));
         QCOMPARE(CStorageLocation::sessionSingleAppDirectory(), QDir(QDir::tempPath()).absolutePath());
-        const QString pictures = UtilsDllTest::IsolatedEnvironment::home() + "/Pictures";
-        QCOMPARE(CStorageLocation::getSamplePicturesLocation(), pictures + "/Vexa Rectivo 3 Samples/");
+        QCOMPARE(CStorageLocation::getSamplePicturesLocation(),
+                 QDir::toNativeSeparators(publicPictures() + "/Vexa Rectivo 3 Samples/"));
         QCOMPARE(CStorageLocation::getSorelUserConfigFileLocation(),
                  QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
                      + "/Vexa/Sorel Collection/SorelCollection.cfg");
@@ -63,7 +73,7 @@ private slots:
         };
         QVERIFY(QDir(productFolder()).removeRecursively());
         for (const auto& [path, folder] : made) {
-            QCOMPARE(path(), productFolder() + folder);
+            QCOMPARE(path(), productFolder(folder));
             QVERIFY2(QDir(path()).exists(), folder);
         }
     }
@@ -95,8 +105,8 @@ private slots:
         // Newest first; versions below 9 are never tried, and 9 had a spaced name.
         QCOMPARE(CStorageLocation::cafDataPathOfOpsoraLatestVersion(), QString());
         for (const char* product : {"Vexa Opsora 8", "Vexa Op Sora 9", "Vexa Opsora 10", "Vexa Opsora 11"}) {
-            QVERIFY(QDir().mkpath(maker() + product + "/Modules"));
-            const QString expected = QString(product).endsWith(" 8") ? QString() : maker() + product + "/Modules/";
+            QVERIFY(QDir().mkpath(maker(product + QString("/Modules"))));
+            const QString expected = QString(product).endsWith(" 8") ? QString() : maker(product + QString("/Modules/"));
             QCOMPARE(CStorageLocation::cafDataPathOfOpsoraLatestVersion(), expected);
         }
     }

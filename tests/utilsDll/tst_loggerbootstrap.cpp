@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 namespace {
@@ -34,6 +35,11 @@ private slots:
     {
         m_root = std::make_unique<QTemporaryDir>();
         QVERIFY(m_root->isValid());
+#ifdef Q_OS_WIN
+        // The probes share this test's Wine prefix, its registry and known folders.
+        QSettings("Vexa Labs", "Vexa Rectivo 3").clear();
+        QDir(logsFolder()).removeRecursively();
+#endif
     }
 
     void nothingIsLoaded_data()
@@ -136,16 +142,26 @@ private:
         return finished ? QString::fromUtf8(process.readAllStandardOutput()) : QString("probe failed");
     }
 
+#ifdef Q_OS_WIN
+    void storeSystemValue(const QString& key, const QString& value) { QSettings("Vexa Labs", "Vexa Rectivo 3").setValue(key, value); }
+    QString logsFolder() const
+    {
+        return QDir::toNativeSeparators(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)
+                                        + "/Vexa_Labs/Vexa Rectivo 3/Logs/");
+    }
+    QString userId() const { return QSettings("HKEY_CURRENT_USER\\Software\\VexaLabs", QSettings::NativeFormat).value("UserID").toString(); }
+#else
     void storeSystemValue(const QString& key, const QString& value)
     {
         QSettings(m_root->path() + "/config/Vexa Labs/Vexa Rectivo 3.conf", QSettings::IniFormat).setValue(key, value);
     }
     QString logsFolder() const { return m_root->path() + "/data/Vexa_Labs/Vexa Rectivo 3/Logs/"; }
-    QString recordFile() const { return m_root->path() + "/record.txt"; }
     QString userId() const
     {
         return QSettings(m_root->path() + "/config/VexaLabs.conf", QSettings::IniFormat).value("UserID").toString();
     }
+#endif
+    QString recordFile() const { return m_root->path() + "/record.txt"; }
 
     std::unique_ptr<QTemporaryDir> m_root;
     QString m_err;
