@@ -168,6 +168,9 @@ private slots:
     // As on Windows, a crash sender beside the program is run before one on PATH.
     void crashSenderBesideTheProgramFirst()
     {
+#ifdef Q_OS_WIN
+        QSKIP("the stand-in crash senders are shell scripts");
+#endif
         QTemporaryDir programFolder, pathFolder;
         const QString program = programFolder.filePath("process_probe");
         QVERIFY(QFile::copy(PROCESS_PROBE, program));

@@ -138,8 +138,9 @@ private:
         process.setProcessEnvironment(environment);
         process.start(probe, arguments);
         const bool finished = process.waitForFinished(60000) && process.exitCode() == 0;
-        m_err = QString::fromUtf8(process.readAllStandardError());
-        return finished ? QString::fromUtf8(process.readAllStandardOutput()) : QString("probe failed");
+        // The streams are in text mode: Windows ends their lines with CR LF.
+        m_err = QString::fromUtf8(process.readAllStandardError()).replace("\r\n", "\n");
+        return finished ? QString::fromUtf8(process.readAllStandardOutput()).replace("\r\n", "\n") : QString("probe failed");
     }
 
 #ifdef Q_OS_WIN
