@@ -103,7 +103,7 @@ QList<QLabel*> licenceLabels(QWidget* dialog)
 class HeaderDialog : public CBaseDialog
 {
 public:
-    explicit HeaderDialog(int headerHeight) : CBaseDialog(nullptr)
+    explicit HeaderDialog(int headerHeight) : CBaseDialog(nullptr, {})
     {
         setHeaderHeight(headerHeight);
         setMinimumSize(200, 120);
