@@ -1,5 +1,4 @@
 #include "TestEnvironment.h"
-#include "TestLogger.h"
 
 #include "AboutDlg.h"
 #include "CBaseDialog.h"
@@ -104,7 +103,7 @@ QList<QLabel*> licenceLabels(QWidget* dialog)
 class HeaderDialog : public CBaseDialog
 {
 public:
-    explicit HeaderDialog(int headerHeight, Qt::WindowFlags flags = {}) : CBaseDialog(nullptr, flags)
+    explicit HeaderDialog(int headerHeight) : CBaseDialog(nullptr, {})
     {
         setHeaderHeight(headerHeight);
         setMinimumSize(200, 120);
@@ -122,13 +121,6 @@ void sendMouse(QWidget* target, QEvent::Type type, const QPoint& global, Qt::Mou
     QApplication::sendEvent(target, &event);
 }
 
-QPoint screenCentreFor(const QWidget& window)
-{
-    const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    return screen.topLeft() + QPoint((screen.width() - window.frameGeometry().width()) / 2,
-                                     (screen.height() - window.frameGeometry().height()) / 2);
-}
-
 } // namespace
 
 using Answers = QList<QPair<QString, int>>;
@@ -136,31 +128,12 @@ Q_DECLARE_METATYPE(Entry)
 Q_DECLARE_METATYPE(Answers)
 Q_DECLARE_METATYPE(Qt::MouseButton)
 
-// The base dialog, the message boxes, the host warning, the about boxes and the error strings.
+// The base dialog's drag, the message boxes, the host warning, the about boxes and the error strings.
 class TestDialogs : public QObject
 {
     Q_OBJECT
 private slots:
     void cleanup() { QDir(licencesFolder()).removeRecursively(); }
-
-    void baseDialogButtonsAndCentring()
-    {
-        HeaderDialog dialog(0, Qt::WindowMinMaxButtonsHint | Qt::WindowContextHelpButtonHint);
-        QVERIFY(!(dialog.windowFlags() & (Qt::WindowMinMaxButtonsHint | Qt::WindowContextHelpButtonHint)));
-        // Centred on the first show only: shown again, it stays where it was left.
-        dialog.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-        QCOMPARE(dialog.pos(), screenCentreFor(dialog));
-        dialog.hide();
-        dialog.move(7, 9);
-        dialog.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
-        QCOMPARE(dialog.pos(), QPoint(7, 9));
-
-        // The scripting client reaches it by name.
-        QVERIFY(QMetaObject::invokeMethod(&dialog, "moveToScreenCenter"));
-        QCOMPARE(dialog.pos(), screenCentreFor(dialog));
-    }
 
     void dragByHeaderBand_data()
     {
@@ -251,23 +224,6 @@ private slots:
             QVERIFY2(runEntry(entry, "Question?", height) == answer.second, qPrintable(answer.first));
             QVERIFY(shown);
         }
-    }
-
-    // The scripting client's setters only store: the dialog still shows and the user answers.
-    void scriptedAnswersAreOnlyStored()
-    {
-        UtilsDllTest::ScopedTestLogger logger;
-        whenModalShown<CMessageBox>([&logger](CMessageBox* box) {
-            const auto answer = qScopeGuard([box] { act(box, "noButton"); });
-            QVERIFY(QMetaObject::invokeMethod(box, "setYesNoMessage", Q_ARG(bool, true)));
-            QVERIFY(QMetaObject::invokeMethod(box, "setSaveDiscardCancelMessage", Q_ARG(int, QMessageBox::Save)));
-            QVERIFY(logger->lines().isEmpty());
-            QVERIFY(QMetaObject::invokeMethod(box, "setSaveDiscardCancelMessage", Q_ARG(int, QMessageBox::Yes)));
-            QCOMPARE(logger->linesAt('E').size(), 1);
-        });
-        QCOMPARE(CMessageBox::yesNoMessage(nullptr, "First", 200), QMessageBox::No);
-        whenModalShown<CMessageBox>([](CMessageBox* box) { act(box, "noButton"); });
-        QCOMPARE(CMessageBox::yesNoMessage(nullptr, "Second", 200), QMessageBox::No);
     }
 
     void hostWarning()

@@ -1,7 +1,6 @@
 #include "TestEnvironment.h"
 #include "TestLogger.h"
 
-#include "CVerticalLabel.h"
 #include "GuiUtils.h"
 #include "IconViewer.h"
 #include "ToolDrawing.h"
@@ -73,15 +72,9 @@ QImage rendered(QWidget& widget)
     return image;
 }
 
-struct PaintCounter : QWidget
-{
-    int paints = 0;
-    void paintEvent(QPaintEvent*) override { ++paints; }
-};
-
 } // namespace
 
-// GUI helpers and tool drawing, the icon viewer and vertical label, the application style.
+// GUI helpers and tool drawing, the icon viewer, the application style.
 class TestWidgets : public QObject
 {
     Q_OBJECT
@@ -158,23 +151,6 @@ private slots:
         }
     }
 
-    void centringRefusesChildren()
-    {
-        UtilsDllTest::ScopedTestLogger logger;
-        const QRect screen = QGuiApplication::primaryScreen()->geometry();
-        // Larger than the screen: negative offsets, truncated toward zero.
-        QWidget window;
-        window.resize(screen.width() + 201, screen.height() + 101);
-        moveWindowToScreenCenter(&window, &window);
-        QCOMPARE(window.pos(), QPoint(screen.left() - 100, screen.top() - 50));
-        QWidget child(&window);
-        child.move(3, 4);
-        moveWindowToScreenCenter(&child, nullptr);
-        QCOMPARE(child.pos(), QPoint(3, 4));
-        QCOMPARE(logger->linesAt('E').size(), 1);
-        QVERIFY(logger->linesAt('E').first().endsWith(": Bug!!!"));
-    }
-
     void toolLines()
     {
         const QRectF box(0, 0, 50, 50);
@@ -195,17 +171,10 @@ private slots:
         const QRect slanted = inkRect(line(QPointF(10, 60), QPointF(40, 30)));
         QVERIFY2(slanted.bottom() <= 61 && slanted.bottom() >= 59, qPrintable(QString::number(slanted.bottom())));
         drawToolLine(QPointF(0, 0), QPointF(50, 0), tile(), false, nullptr, QRectF()); // no painter, no crash
-        // A null pixmap draws nothing; the transform comes back and the smoothing hint stays on.
+        // A null pixmap draws nothing.
         QVERIFY(inkRect(drawn([](QPainter& painter) {
                     drawToolLine(QPointF(0, 0), QPointF(50, 0), QPixmap(), false, &painter, QRectF());
                 })).isNull());
-        drawn([](QPainter& painter) {
-            painter.translate(3, 4);
-            const QTransform before = painter.transform();
-            drawToolLine(QPointF(0, 0), QPointF(5, 5), tile(), false, &painter, QRectF());
-            QCOMPARE(painter.transform(), before);
-            QVERIFY(painter.testRenderHint(QPainter::SmoothPixmapTransform));
-        });
 
         // A line pointing between 135 and 315 degrees is drawn from its other end, exactly as the
         // reversed line; at 45 degrees it is the reversed line, at 225, that is swapped.
@@ -320,74 +289,6 @@ private slots:
         m_viewer->setAspectRatio(aspect);
         QCOMPARE(inkRect(rendered(*m_viewer)), expected);
         QCOMPARE(m_viewer->sizeHint(), (mandatory.isValid() ? mandatory : imageSize) + QSize(200, 200));
-    }
-
-    void viewerScalableTextDisabledAndShadow()
-    {
-        // A scalable icon has no sizes: nothing painted, hinted as the margins, until it gets a mandatory size.
-        QTemporaryDir folder;
-        QFile svg(folder.filePath("square.svg"));
-        QVERIFY(svg.open(QIODevice::WriteOnly));
-        svg.write("<svg xmlns='http://www.w3.org/2000/svg' width='10' height='10'><rect width='10' height='10'/></svg>");
-        svg.close();
-        m_viewer->setIcon(svg.fileName());
-        QCOMPARE(m_viewer->sizeHint(), QSize(300, 300));
-        QVERIFY(inkRect(rendered(*m_viewer)).isNull());
-        m_viewer->setMandatoryImageSize(QSize(34, 34));
-        QCOMPARE(inkRect(rendered(*m_viewer)), QRect(133, 133, 34, 34));
-
-        m_viewer->clear();
-        m_viewer->setText("Text"); // text needs an image to be shown
-        QVERIFY(inkRect(rendered(*m_viewer)).isNull());
-        m_viewer->setText(QString());
-        m_viewer->setPixmap(solidPixmap(QSize(100, 100)));
-        m_viewer->setEnabled(false);
-        const QColor disabled(rendered(*m_viewer).pixel(150, 150));
-        QVERIFY(disabled.red() == disabled.green() && disabled.green() == disabled.blue());
-        m_viewer->setEnabled(true);
-        QCOMPARE(QColor(rendered(*m_viewer).pixel(150, 150)), QColor(Qt::red));
-
-        // The shadow paints the parent a second time; the filter moves with the viewer.
-        PaintCounter first, second;
-        first.resize(100, 100);
-        second.resize(100, 100);
-        auto* viewer = new CIconViewer(&first);
-        viewer->resize(50, 50);
-        viewer->setPixmap(solidPixmap(QSize(10, 10)));
-        const auto paintsOf = [](PaintCounter& parent) {
-            parent.paints = 0;
-            rendered(parent);
-            return parent.paints;
-        };
-        QCOMPARE(paintsOf(first), 2);
-        viewer->setShowShadow(false);
-        QCOMPARE(paintsOf(first), 1);
-        viewer->setShowShadow(true);
-        viewer->setParent(&second);
-        QCOMPARE(paintsOf(first), 1);
-        QCOMPARE(paintsOf(second), 2);
-    }
-
-    // Where the base style would paint or hint differently for these views and tool tips.
-    void styleHintsForViewsAndToolTips()
-    {
-        QTreeView tree;
-        QListView list;
-        const auto alternating = QStyle::SH_ItemView_PaintAlternatingRowColorsForEmptyArea;
-        QCOMPARE(m_style->styleHint(alternating, nullptr, &tree), 0);
-        QCOMPARE(m_style->styleHint(alternating, nullptr, &list), m_windows->styleHint(alternating, nullptr, &list));
-        QStyleOption option;
-        option.rect = QRect(0, 0, 10, 6);
-        QCOMPARE(m_style->styleHint(QStyle::SH_ToolTip_Mask, &option, nullptr, nullptr),
-                 m_windows->styleHint(QStyle::SH_ToolTip_Mask, &option, nullptr, nullptr));
-    }
-
-    void verticalLabelSwapsHints()
-    {
-        QLabel plain("Vertical text");
-        CVerticalLabel vertical("Vertical text");
-        QCOMPARE(vertical.sizeHint(), plain.sizeHint().transposed());
-        QCOMPARE(vertical.minimumSizeHint(), plain.minimumSizeHint().transposed());
     }
 
     void buttonShift_data()
