@@ -310,6 +310,22 @@ private slots:
         QCOMPARE(parts.join(QLatin1Char(',')), expected);
     }
 
+    // There is no timeout of our own; the one set on the manager ends the wait for a
+    // server that accepts the connection and never answers.
+    void silentServerTimesOut()
+    {
+        QTcpServer silent;
+        QVERIFY(silent.listen(QHostAddress::LocalHost));
+        QtSoapHttpTransport transport;
+        QCOMPARE(transport.networkAccessManager()->transferTimeout(), 0);
+        transport.networkAccessManager()->setTransferTimeout(300);
+        QtSoapMessage request = methodCall(QStringLiteral("m"));
+        QVERIFY(call(transport, silent.serverPort(), request));
+        QCOMPARE(transport.getResponse().faultCode(), QtSoapMessage::Client);
+        QCOMPARE(transport.getResponse().faultString().toString(),
+                 QStringLiteral("Network transport error (%1): Operation canceled").arg(QNetworkReply::OperationCanceledError));
+    }
+
 private:
     // The port of the recording server answering with `status` and `body`; for status 0,
     // a port that was listened on once, so that it is free and refuses.
