@@ -14,7 +14,8 @@ namespace {
 QStringList readLines(const QString& path, Qt::SplitBehavior behavior = Qt::SkipEmptyParts)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()).split('\n', behavior) : QStringList();
+    // QIODevice::Text: the module's files end their lines with CR LF on Windows.
+    return file.open(QIODevice::ReadOnly | QIODevice::Text) ? QString::fromUtf8(file.readAll()).split('\n', behavior) : QStringList();
 }
 
 QString probeAssertLine()
