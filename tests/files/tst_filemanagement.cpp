@@ -6,12 +6,6 @@
 #include "TestEnvironment.h"
 #include "TestLogger.h"
 
-#include <QDirIterator>
-#include <QFile>
-#include <QStandardPaths>
-#include <QTemporaryDir>
-
-
 using namespace VEXA_NAMESPACE;
 using namespace UtilsDllTest;
 

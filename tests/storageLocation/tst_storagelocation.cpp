@@ -3,10 +3,6 @@
 
 #include "storageLocation.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QStandardPaths>
-
 #include <stdexcept>
 
 using Vexa::CStorageLocation;

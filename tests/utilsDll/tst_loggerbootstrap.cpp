@@ -1,14 +1,5 @@
 #include "TestEnvironment.h"
 
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QRegularExpression>
-#include <QSet>
-#include <QSettings>
-#include <QStandardPaths>
-#include <QTemporaryDir>
-
 namespace {
 
 QStringList readLines(const QString& path, Qt::SplitBehavior behavior = Qt::SkipEmptyParts)
