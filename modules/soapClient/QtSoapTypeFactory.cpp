@@ -2,6 +2,8 @@
 
 #include "SoapNames.h"
 
+#include <QThreadStorage>
+
 namespace VEXA_NAMESPACE {
 
 template class QtSoapTypeConstructor<QtSoapStruct>;
@@ -10,18 +12,20 @@ template class QtSoapTypeConstructor<QtSoapSimpleType>;
 
 namespace {
 
+// Qt's thread storage, not thread_local: in the MinGW-built DLL, thread_local objects
+// with destructors crashed the heap when their threads ended.
 // The calling thread's last failure of the factory.
 QString& factoryErrorText()
 {
-    thread_local QString text;
-    return text;
+    static QThreadStorage<QString> text;
+    return text.localData();
 }
 
 // The calling thread's last failure of each constructor.
 QHash<const QtSoapTypeConstructorBase*, QString>& constructorErrorTexts()
 {
-    thread_local QHash<const QtSoapTypeConstructorBase*, QString> texts;
-    return texts;
+    static QThreadStorage<QHash<const QtSoapTypeConstructorBase*, QString>> texts;
+    return texts.localData();
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include "QtSoapNamespaces.h"
 
+#include <QThreadStorage>
+
 namespace SoapNames {
 
 QString localName(const QString& text)
@@ -45,15 +47,21 @@ QString qualifiedAttributeName(const QString& uri, const QString& localPart)
 
 const QString& schemaInstanceTypeName()
 {
-    // Per thread, so that this cache adds no sharing of its own.
-    thread_local unsigned builtFor = 0;
-    thread_local QString name;
+    // Per thread, so that this cache adds no sharing of its own; in Qt's thread storage,
+    // as thread_local objects with destructors crash thread exits in the MinGW-built DLL.
+    struct Cache
+    {
+        unsigned builtFor = 0;
+        QString name;
+    };
+    static QThreadStorage<Cache> caches;
+    Cache& cache = caches.localData();
     const unsigned version = namespaceTableVersion();
-    if (builtFor != version) {
-        name = qualifiedAttributeName(schemaInstanceUri(), QStringLiteral("type"));
-        builtFor = version;
+    if (cache.builtFor != version) {
+        cache.name = qualifiedAttributeName(schemaInstanceUri(), QStringLiteral("type"));
+        cache.builtFor = version;
     }
-    return name;
+    return cache.name;
 }
 
 } // namespace SoapNames
