@@ -105,6 +105,7 @@ private slots:
         const QString program = folder.filePath("process_probe");
         QVERIFY(QFile::copy(PROCESS_PROBE, program));
         QProcess probe;
+        probe.setWorkingDirectory(QFileInfo(PROCESS_PROBE).path()); // where Windows finds its DLLs
         probe.start(program, {"name"});
         QVERIFY(probe.waitForStarted());
 #ifdef Q_OS_WIN
