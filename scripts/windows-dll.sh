@@ -11,6 +11,8 @@ sdk=${UTILSDLL_WIN_SDK:-/var/cache/utilsdll-win-sdk}
 jobs=$(nproc)
 start=$SECONDS
 
+# The Linux side's packages too: Wine, the fonts, spyne, Debian's own Qt tools.
+bash "$root/scripts/deps.sh"
 bash "$root/scripts/windows-sdk.sh"
 
 # lrelease and lupdate run on the build machine: Debian's own, of the same Qt version.
@@ -55,9 +57,10 @@ UTILSDLL_SPYNE_PORT=$(sed -n 's/^PORT //p' "$scratch/spyne.out")
 export UTILSDLL_SPYNE_PORT
 
 # Qt's offscreen plug-in on Windows draws text with the fonts of one folder only,
-# which a Wine prefix does not have: Debian's Latin and CJK fonts serve.
+# which a Wine prefix does not have: Debian's Latin and CJK fonts serve. Sans only, as
+# on Linux: a family it lacks falls back to whatever the folder holds.
 mkdir -p "$scratch/fonts"
-ln -s /usr/share/fonts/truetype/dejavu/*.ttf /usr/share/fonts/truetype/wqy/*.ttc "$scratch/fonts/"
+ln -s /usr/share/fonts/truetype/dejavu/DejaVuSans*.ttf /usr/share/fonts/truetype/wqy/*.ttc "$scratch/fonts/"
 export QT_QPA_FONTDIR=$scratch/fonts
 
 # Wine as scripts/wine-tests.sh sets it up: its own HOME and prefix, no display,
