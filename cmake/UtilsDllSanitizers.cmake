@@ -3,8 +3,7 @@
 # address,undefined. ThreadSanitizer and AddressSanitizer cannot share a process.
 #
 # Every test gets its sanitizer options from the tree itself (UTILSDLL_SANITIZER_ENVIRONMENT),
-# so that a plain ctest in a sanitizer build needs nothing from the caller. Sources can
-# tell which sanitizer they run under by UTILSDLL_SANITIZE_ADDRESS, _THREAD and _UNDEFINED.
+# so that a plain ctest in a sanitizer build needs nothing from the caller.
 set(UTILSDLL_SANITIZER_ENVIRONMENT "")
 
 # utilsdll_sanitizer_environment(<test>...)
@@ -43,10 +42,6 @@ if("undefined" IN_LIST _sanitizers)
 endif()
 add_compile_options(${_flags} -g)
 add_link_options(${_flags})
-foreach(_sanitizer IN LISTS _sanitizers)
-    string(TOUPPER ${_sanitizer} _upper)
-    add_compile_definitions(UTILSDLL_SANITIZE_${_upper})
-endforeach()
 
 if("address" IN_LIST _sanitizers)
     # Debian's Qt is not instrumented; the suppressions name only frames inside Qt and the
