@@ -169,28 +169,27 @@ private slots:
         QCOMPARE(logger->linesAt('E').size(), asserts);
     }
 
-    // As on Windows, a crash sender beside the program is run before one on PATH.
+    // As on Windows, a crash sender beside the program is run before one on PATH. Copies of
+    // the probe stand in for both, and each prints its folder.
     void crashSenderBesideTheProgramFirst()
     {
-#ifdef Q_OS_WIN
-        QSKIP("the stand-in crash senders are shell scripts");
-#endif
         QTemporaryDir programFolder, pathFolder;
         const QString program = programFolder.filePath("process_probe");
-        QVERIFY(QFile::copy(PROCESS_PROBE, program));
-        const QString beside = writeFile(programFolder, "CrashSender", "#!/bin/sh\necho beside\n");
-        const QString onPath = writeFile(pathFolder, "CrashSender", "#!/bin/sh\necho path\n");
-        for (const QString& script : {beside, onPath})
-            QVERIFY(QFile::setPermissions(script, QFile::permissions(script) | QFile::ExeOwner));
+        const QString suffix = QFileInfo(PROCESS_PROBE).suffix(), name = "CrashSender" + (suffix.isEmpty() ? "" : '.' + suffix);
+        const QString beside = programFolder.filePath(name);
+        for (const QString& copy : {program, beside, pathFolder.filePath(name)})
+            QVERIFY(QFile::copy(PROCESS_PROBE, copy));
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("PATH", pathFolder.path() + ':' + environment.value("PATH"));
+        environment.insert("PATH", QDir::toNativeSeparators(pathFolder.path()) + QDir::listSeparator() + environment.value("PATH"));
 
-        for (const QByteArray expected : {"beside", "path"}) {
+        for (const QTemporaryDir* expected : {&programFolder, &pathFolder}) {
             QProcess probe;
             probe.setProcessEnvironment(environment);
+            probe.setWorkingDirectory(QFileInfo(PROCESS_PROBE).path()); // where Windows finds the DLLs
             probe.start(program, {"crash-sender"});
             QVERIFY(probe.waitForFinished(60000));
-            QCOMPARE(probe.readAllStandardOutput().trimmed(), expected);
+            QCOMPARE(QString::fromLocal8Bit(probe.readAllStandardOutput().trimmed()),
+                     QFileInfo(expected->path()).canonicalFilePath());
             QFile::remove(beside);
         }
     }

@@ -2,6 +2,7 @@
 // replaced while it runs, or one with a crash sender beside it.
 //   process_probe name          prints currentProcessName() after a line on stdin
 //   process_probe crash-sender  runs startCrashSender()
+//   process_probe               prints its own folder: it stands in for a crash sender
 #include "AppBootstrap.h"
 #include "ProcessIdentity.h"
 
@@ -20,6 +21,8 @@ int main(int argc, char** argv)
         std::cout << UtilsDll::currentProcessName().toStdString() << std::endl;
     } else if (what == "crash-sender") {
         Vexa::startCrashSender();
+    } else {
+        std::cout << QCoreApplication::applicationDirPath().toStdString() << std::endl;
     }
     return 0;
 }
