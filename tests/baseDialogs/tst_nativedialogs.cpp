@@ -4,17 +4,13 @@
 
 #include <QtWidgets>
 
-#ifdef Q_OS_WIN
-#include <windows.h>
-#endif
-
 using namespace VEXA_NAMESPACE;
 using UtilsDllTest::whenModalShown;
 
 namespace {
 
-// The names that the dialog's file view shows, once its folder is loaded.
-QStringList shownNames(QFileDialog* dialog)
+// The names that the dialog's file view shows, once its folder is loaded (Qt's own dialog only).
+[[maybe_unused]] QStringList shownNames(QFileDialog* dialog)
 {
     QAbstractItemView* view = dialog->findChild<QAbstractItemView*>(QStringLiteral("listView"));
     QStringList names;
@@ -43,28 +39,19 @@ BOOL CALLBACK typeIntoEdit(HWND window, LPARAM text)
     return lstrcmpiW(className, L"Edit") != 0 || !SendMessageW(window, WM_SETTEXT, 0, text);
 }
 
-// The system's folder dialog, driven from a Qt timer that its modal loop dispatches: Return
-// on the sub-folder's path goes into it, then a mouse release over OK confirms.
+// The system's folder dialog, driven from a Qt timer: Return on the sub-folder's path goes
+// into it, then a mouse release over OK confirms.
 void driveSystemFolderDialog(const QString& subFolder, QString* title)
 {
     auto* timer = new QTimer;
     QObject::connect(timer, &QTimer::timeout, [=, step = 0, text = subFolder.toStdWString()]() mutable {
-        HWND dialog = nullptr;
-        EnumThreadWindows(GetCurrentThreadId(), [](HWND window, LPARAM found) {
-            wchar_t className[8] = {};
-            GetClassNameW(window, className, 8);
-            if (IsWindowVisible(window) && lstrcmpW(className, L"#32770") == 0)
-                *reinterpret_cast<HWND*>(found) = window;
-            return TRUE;
-        }, reinterpret_cast<LPARAM>(&dialog));
-        if (!dialog)
-            return;
-        if (step++ == 0) {
+        const HWND dialog = UtilsDllTest::shownSystemDialog();
+        if (dialog && step++ == 0) {
             wchar_t caption[64] = {};
             *title = QString::fromWCharArray(caption, GetWindowTextW(dialog, caption, 64));
             EnumChildWindows(dialog, typeIntoEdit, reinterpret_cast<LPARAM>(text.c_str()));
             SendMessageW(dialog, WM_COMMAND, MAKEWPARAM(IDOK, BN_CLICKED), LPARAM(GetDlgItem(dialog, IDOK)));
-        } else {
+        } else if (dialog) {
             SendMessageW(GetDlgItem(dialog, IDOK), WM_LBUTTONUP, 0, MAKELPARAM(2, 2));
             timer->deleteLater();
         }

@@ -6,6 +6,10 @@
 
 #include <functional>
 
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
+
 namespace UtilsDllTest {
 
 // Runs 'action' on the modal dialog of class T once it is on show and active, from the
@@ -25,5 +29,23 @@ void whenModalShown(std::function<void(T*)> action)
     });
     timer->start();
 }
+
+#ifdef Q_OS_WIN
+// The system's own dialog (a message box, a file dialog) that this thread shows, or null.
+// Its modal loop still runs Qt's timers, which is how a test reaches it.
+inline HWND shownSystemDialog()
+{
+    HWND dialog = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), [](HWND window, LPARAM found) {
+        wchar_t className[8] = {};
+        GetClassNameW(window, className, 8);
+        if (!IsWindowVisible(window) || lstrcmpW(className, L"#32770") != 0)
+            return TRUE;
+        *reinterpret_cast<HWND*>(found) = window;
+        return FALSE;
+    }, reinterpret_cast<LPARAM>(&dialog));
+    return dialog;
+}
+#endif
 
 } // namespace UtilsDllTest

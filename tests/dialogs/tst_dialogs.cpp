@@ -8,9 +8,7 @@
 
 #include <QtWidgets>
 
-#ifdef Q_OS_WIN
-#include <windows.h>
-#else
+#ifndef Q_OS_WIN
 #include <unistd.h>
 #endif
 
@@ -22,24 +20,19 @@ namespace {
 
 #ifdef Q_OS_WIN
 // What the call showed, in the form that Linux writes to the standard error stream: the
-// system box's title and text, read and closed from a Qt timer that its modal loop runs.
+// system box's title and text, read and closed from a Qt timer.
 QString shownText(const CErrStrings& strings, void (CErrStrings::*show)() const = &CErrStrings::ShowSmallFreeSpaceDialog)
 {
     QString shown = "no box";
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&shown] {
-        EnumThreadWindows(GetCurrentThreadId(), [](HWND box, LPARAM shown) {
+        if (HWND box = UtilsDllTest::shownSystemDialog()) {
             wchar_t title[64] = {}, text[512] = {};
-            GetClassNameW(box, title, 64);
-            if (!IsWindowVisible(box) || lstrcmpW(title, L"#32770") != 0)
-                return TRUE;
             const int titleLength = GetWindowTextW(box, title, 64);
             const int textLength = int(GetDlgItemTextW(box, 0xFFFF, text, 512)); // the box's text control
-            *reinterpret_cast<QString*>(shown) =
-                QString::fromWCharArray(title, titleLength) + ": " + QString::fromWCharArray(text, textLength) + '\n';
+            shown = QString::fromWCharArray(title, titleLength) + ": " + QString::fromWCharArray(text, textLength) + '\n';
             PostMessageW(box, WM_COMMAND, IDOK, 0);
-            return FALSE;
-        }, reinterpret_cast<LPARAM>(&shown));
+        }
     });
     timer.start(100);
     (strings.*show)();
