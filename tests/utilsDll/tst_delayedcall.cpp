@@ -56,7 +56,7 @@ private slots:
         CDelayedCall::invokeWithArgs(10, &target, "withInt", QVariant(1));
         CDelayedCall::invokeWithArgs(10, &target, "withInt", QVariant(2));
         CDelayedCall::invoke(10, &target, "ping");
-        // Far apart: Windows may fire coarse timers 20 ms apart in either order.
+        // Far apart: Windows may fire coarse timers 10 ms apart in either order.
         CDelayedCall::invoke(80, &target, "pong");
         const QByteArray pingCopy("ping");
         CDelayedCall::invoke(30, &target, pingCopy.constData());
