@@ -79,10 +79,8 @@ private slots:
     void folderChooserAnswersTheFolderShown()
     {
         QString title;
+        UTILSDLL_NEEDS_NATIVE_WINDOWS("the system's folder dialog needs the windows plug-in");
 #ifdef Q_OS_WIN
-        // The system's dialog needs a native window to belong to: see tst_nativedialogs_native.
-        if (QGuiApplication::platformName() == "offscreen")
-            QSKIP("the system's folder dialog needs the windows plug-in");
         driveSystemFolderDialog(QDir::toNativeSeparators(m_folder.filePath("sub")), &title);
 #else
         QStringList shown;

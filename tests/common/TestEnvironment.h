@@ -25,6 +25,19 @@ private:
 
 } // namespace UtilsDllTest
 
+// For a function that acts through native windows: on Windows it is skipped offscreen,
+// where winId() is no HWND, and its run under the windows plug-in covers it
+// (utilsdll_add_windows_native_run).
+#ifdef Q_OS_WIN
+#define UTILSDLL_NEEDS_NATIVE_WINDOWS(reason)                              \
+    do {                                                                   \
+        if (QGuiApplication::platformName() == QLatin1String("offscreen")) \
+            QSKIP(reason);                                                 \
+    } while (false)
+#else
+#define UTILSDLL_NEEDS_NATIVE_WINDOWS(reason) static_cast<void>(0)
+#endif
+
 // QTEST_MAIN with an isolated environment. AppClass is QCoreApplication,
 // QGuiApplication or QApplication.
 #define UTILSDLL_TEST_MAIN_WITH(TestObject, AppClass)            \

@@ -284,10 +284,7 @@ private slots:
 
     void errorStrings()
     {
-#ifdef Q_OS_WIN
-        if (QGuiApplication::platformName() == "offscreen")
-            QSKIP("the system's message box needs a native owner: the run under the windows plug-in");
-#endif
+        UTILSDLL_NEEDS_NATIVE_WINDOWS("the system's message box needs a native owner: the run under the windows plug-in");
         using Show = void (CErrStrings::*)() const;
         const QList<QPair<Show, QString>> shows = {
             {&CErrStrings::ShowSmallFreeSpaceDialog, "Error: Windows small space message on drive "},
@@ -427,10 +424,8 @@ private slots:
     // delete themselves on close.
     void closesWhenAnotherWindowIsActivated()
     {
-#ifdef Q_OS_WIN
-        if (QGuiApplication::platformName() == "offscreen")
-            QSKIP("Windows' activation messages come only to native windows: the run under the windows plug-in");
-#endif
+        UTILSDLL_NEEDS_NATIVE_WINDOWS(
+            "Windows' activation messages come only to native windows: the run under the windows plug-in");
         QWidget other;
         other.resize(200, 200);
         other.show();
