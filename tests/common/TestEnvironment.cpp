@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <stdexcept>
@@ -18,6 +19,42 @@ QByteArray makeRoot()
         throw std::runtime_error("cannot create the test's own folder");
     root.setAutoRemove(false);
     return root.path().toLocal8Bit();
+}
+
+// What would otherwise come from the machine rather than from the test: the locale and
+// time zone, and the graphics stack. Qt's xcb and offscreen plug-ins load OpenGL drivers
+// for their GL integration even when nothing draws with GL, and what those drivers
+// allocate or leak differs from machine to machine.
+void pinMachineDependentSettings()
+{
+    qputenv("LC_ALL", "C.UTF-8");
+    qunsetenv("LANGUAGE");
+    qputenv("TZ", "UTC");
+    qputenv("QT_XCB_GL_INTEGRATION", "none");
+    qputenv("QT_QPA_OFFSCREEN_NO_GLX", "1");
+}
+
+// Text is drawn with the fonts that scripts/packages.txt installs, and with no others that
+// the machine happens to have: another machine's extra fonts would change which face
+// stands in for a family and so every picture a test compares. The system's rendering
+// settings (its conf.d) still apply.
+void pinFonts(const QByteArray& root)
+{
+#ifndef Q_OS_WIN
+    const QByteArray file = root + "/etc/fonts.conf";
+    QFile config(QString::fromLocal8Bit(file));
+    if (!config.open(QIODevice::WriteOnly))
+        return;
+    config.write("<?xml version=\"1.0\"?>\n<!DOCTYPE fontconfig SYSTEM \"fonts.dtd\">\n<fontconfig>\n"
+                 "  <dir>/usr/share/fonts/truetype/dejavu</dir>\n"
+                 "  <dir>/usr/share/fonts/truetype/wqy</dir>\n"
+                 "  <cachedir>" + root + "/cache/fontconfig</cachedir>\n"
+                 "  <include ignore_missing=\"yes\">/etc/fonts/conf.d</include>\n"
+                 "</fontconfig>\n");
+    qputenv("FONTCONFIG_FILE", file);
+#else
+    Q_UNUSED(root)
+#endif
 }
 
 } // namespace
@@ -40,6 +77,9 @@ IsolatedEnvironment::IsolatedEnvironment()
         QDir().mkpath(QString::fromLocal8Bit(path));
         qputenv(name, path);
     }
+    pinMachineDependentSettings();
+    QDir().mkpath(QString::fromLocal8Bit(m_root + "/etc"));
+    pinFonts(m_root);
     QFile::setPermissions(QString::fromLocal8Bit(m_root + "/run"),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QFile userDirs(QString::fromLocal8Bit(home + "/.config/user-dirs.dirs"));
@@ -54,6 +94,33 @@ IsolatedEnvironment::~IsolatedEnvironment()
 }
 
 QString IsolatedEnvironment::root() { return QDir::cleanPath(home() + "/.."); }
+
+QStringList IsolatedEnvironment::loadedGraphicsDrivers()
+{
+    static const QRegularExpression driver(
+        QStringLiteral("(libGLX_|libEGL_|_dri\\.so|-gl[x]?-integration|-egl-integration)[^/]*$"));
+    QFile maps(QStringLiteral("/proc/self/maps"));
+    if (!maps.open(QIODevice::ReadOnly | QIODevice::Text))
+        return {}; // not Linux: nothing to look at
+    QStringList drivers;
+    for (const QString& line : QString::fromLocal8Bit(maps.readAll()).split('\n')) {
+        const int pathStart = line.indexOf('/');
+        const QString path = pathStart < 0 ? QString() : line.mid(pathStart).trimmed();
+        if (!path.isEmpty() && driver.match(path).hasMatch() && !drivers.contains(path))
+            drivers << path;
+    }
+    return drivers;
+}
+
+int IsolatedEnvironment::failIfGraphicsDriverLoaded(int result)
+{
+    const QStringList drivers = loadedGraphicsDrivers();
+    if (drivers.isEmpty())
+        return result;
+    qCritical("FAIL: the test loaded graphics drivers, which makes it depend on the machine: %s",
+              qPrintable(drivers.join(QStringLiteral(", "))));
+    return result == 0 ? 1 : result;
+}
 
 QString IsolatedEnvironment::home() { return QString::fromLocal8Bit(qgetenv("HOME")); }
 

@@ -19,6 +19,13 @@ public:
     static QString root();
     static QString home();
 
+    // The graphics drivers (OpenGL vendor libraries, DRI drivers, Qt's GL integrations)
+    // mapped into this process. The library draws nothing with OpenGL, so a test that
+    // loads one depends on the machine's graphics stack rather than on the code.
+    static QStringList loadedGraphicsDrivers();
+    // Turns a test program's result into a failure when a graphics driver was loaded.
+    static int failIfGraphicsDriverLoaded(int result);
+
 private:
     QByteArray m_root;
 };
@@ -48,7 +55,8 @@ private:
         app.setAttribute(Qt::AA_Use96Dpi, true);                 \
         TestObject testObject;                                   \
         QTEST_SET_MAIN_SOURCE_PATH                               \
-        return QTest::qExec(&testObject, argc, argv);            \
+        const int result = QTest::qExec(&testObject, argc, argv); \
+        return UtilsDllTest::IsolatedEnvironment::failIfGraphicsDriverLoaded(result); \
     }
 
 #define UTILSDLL_TEST_MAIN(TestObject) UTILSDLL_TEST_MAIN_WITH(TestObject, QCoreApplication)
