@@ -8,7 +8,7 @@ set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=${1:-${UTILSDLL_WIN_DLL_BUILD_DIR:-$root/build-dll}}
 sdk=${UTILSDLL_WIN_SDK:-/var/cache/utilsdll-win-sdk}
-jobs=$(nproc)
+. "$root/scripts/common.sh"
 start=$SECONDS
 
 # The Linux side's packages too: Wine, the fonts, spyne, Debian's own Qt tools.
@@ -17,18 +17,12 @@ bash "$root/scripts/windows-sdk.sh"
 
 # lrelease and lupdate run on the build machine: Debian's own, of the same Qt version.
 echo "== windows-dll: configuring and building in $build"
-mkdir -p "$build"
-cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+configureAndBuild "$build" -DCMAKE_BUILD_TYPE=Release \
     -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64-qt.cmake" \
     -DUTILSDLL_WIN_SDK_PREFIX="$sdk/qt5" \
     -DQt5LinguistTools_DIR=/usr/lib/x86_64-linux-gnu/cmake/Qt5LinguistTools \
     -DUTILSDLL_WINE_LAUNCHER="$root/scripts/wine-fresh-prefix.sh" \
-    -DUTILSDLL_BUILD_BENCHMARKS=OFF > "$build/configure.log" 2>&1 ||
-    { cat "$build/configure.log"; exit 1; }
-# CMake 3.25's Ninja AUTOMOC step does not notice headers added to a target since
-# the last build; dropping its stamps makes it look again (it only redoes what changed).
-find "$build" -path '*_autogen/timestamp' -delete 2>/dev/null || true
-cmake --build "$build" -j "$jobs"
+    -DUTILSDLL_BUILD_BENCHMARKS=OFF
 echo "== windows-dll: $(stat -c '%s bytes' "$build/bin/UtilsDll.dll") UtilsDll.dll," \
     "$(stat -c '%s bytes' "$build/bin/LoggerDllvrcv3.dll") LoggerDllvrcv3.dll, built in $((SECONDS - start)) s"
 
@@ -36,8 +30,7 @@ scratch=$(mktemp -d "${TMPDIR:-/tmp}/utilsdll-dll.XXXXXX")
 spyne=
 stopAll() {
     [[ -n $spyne ]] && kill "$spyne" 2> /dev/null
-    wineserver -k > /dev/null 2>&1 || true
-    wineserver -w > /dev/null 2>&1 || true
+    stopWine
     rm -rf "$scratch"
 }
 trap stopAll EXIT
@@ -63,23 +56,13 @@ mkdir -p "$scratch/fonts"
 ln -s /usr/share/fonts/truetype/dejavu/DejaVuSans*.ttf /usr/share/fonts/truetype/wqy/*.ttc "$scratch/fonts/"
 export QT_QPA_FONTDIR=$scratch/fonts
 
-# Wine as scripts/wine-tests.sh sets it up: its own HOME and prefix, no display,
-# the null graphics driver. This prefix is the template that every test copies
-# (scripts/wine-fresh-prefix.sh), so that no test sees another's registry or folders.
-export HOME="$scratch/home" WINEPREFIX="$scratch/prefix"
-export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
-export WINEARCH=win64
+# Wine as scripts/wine-tests.sh sets it up. This prefix is the template that every test
+# copies (scripts/wine-fresh-prefix.sh), so that no test sees another's registry or folders.
 # Without a console window Qt sends its messages, QtTest's report among them, to the
 # debugger, and CTest reads the standard streams.
 export QT_FORCE_STDERR_LOGGING=1
-unset DISPLAY WAYLAND_DISPLAY
-mkdir -p "$HOME" "$WINEPREFIX"
 echo "== windows-dll: preparing the Wine prefix"
-wineserver -p < /dev/null > /dev/null 2>&1
-wine cmd /c exit < /dev/null > /dev/null 2>&1
-wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f < /dev/null > /dev/null 2>&1
-wineserver -k
-wineserver -w
+prepareWinePrefix "$scratch"
 export UTILSDLL_WINE_TEMPLATE=$WINEPREFIX
 
 # The showcase's headless run: its pictures, texts drawn, stay in the build folder.
@@ -91,11 +74,8 @@ rm -rf "$build/showcase-pictures"
 echo "== windows-dll: $(find "$build/showcase-pictures" -name '*.png' 2> /dev/null | wc -l) pictures written"
 
 summary="$build/wine-summary.log"
-(cd "$build" && ctest --output-on-failure -j "$jobs" < /dev/null) | tee "$summary" || true
+runSuite "$build" | tee "$summary" || true
 # QtTest's skips inside a test program, with their reasons.
 grep -h '^SKIP ' "$build/Testing/Temporary/LastTest.log" | sed 's/^/== windows-dll: /' || true
 echo "== windows-dll: done in $((SECONDS - start)) s"
-awk '/tests passed, [0-9]+ tests failed out of [0-9]+/ { failed += $4; total += $NF }
-     /^[[:space:]]+[0-9]+ - .*\(Skipped\)$/ { skipped += 1 }
-     END { printf "tests under Wine: %d passed, %d failed, %d skipped\n", total - failed - skipped, failed, skipped
-           exit failed > 0 }' "$summary"
+closingLine "$summary" "tests under Wine"

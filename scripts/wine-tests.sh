@@ -5,7 +5,7 @@
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=${1:-${UTILSDLL_WIN_BUILD_DIR:-$root/build-win}}
-jobs=$(nproc)
+. "$root/scripts/common.sh"
 
 # Every library source compiled as Windows code, with the generated headers of the
 # Linux build (which scripts/test.sh has built by now).
@@ -13,35 +13,11 @@ jobs=$(nproc)
 
 cmake -S "$root/platform-tests/win" -B "$build" -G Ninja \
     -DCMAKE_TOOLCHAIN_FILE="$root/cmake/mingw-w64-x86_64.cmake"
-cmake --build "$build" -j "$jobs"
+cmake --build "$build" -j "$(nproc)"
 
-# Wine gets its own HOME and prefix, and no display: nothing of the user's is touched.
 scratch=$(mktemp -d "${TMPDIR:-/tmp}/utilsdll-wine.XXXXXX")
-export HOME="$scratch/home" WINEPREFIX="$scratch/prefix"
-export WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
-export WINEARCH=win64
-unset DISPLAY WAYLAND_DISPLAY
-mkdir -p "$HOME" "$WINEPREFIX"
-
-stopWine() {
-    wineserver -k > /dev/null 2>&1 || true
-    wineserver -w > /dev/null 2>&1 || true
-    rm -rf "$scratch"
-}
-trap stopWine EXIT
-
-startWine() {
-    wineserver -p < /dev/null > /dev/null 2>&1
-    wine cmd /c exit < /dev/null > /dev/null 2>&1
-}
-# The server and the prefix are set up here, away from CTest's pipes: a server that
-# CTest's first child started would keep the pipe of the test listing open.
-startWine
-# Without a display, hidden top-level windows need Wine's null graphics driver. The
-# desktop process reads the choice when it starts, so Wine is started once more.
-wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f < /dev/null > /dev/null 2>&1
-wineserver -k
-wineserver -w
+trap 'stopWine; rm -rf "$scratch"' EXIT
+prepareWinePrefix "$scratch"
 startWine
 
-(cd "$build" && ctest --output-on-failure -j "$jobs" < /dev/null)
+runSuite "$build"
