@@ -40,7 +40,10 @@ if("undefined" IN_LIST _sanitizers)
     # Undefined behaviour stops the test at the first report instead of scrolling past.
     list(APPEND _flags -fno-sanitize-recover=undefined)
 endif()
-add_compile_options(${_flags} -g)
+# Line tables are all a sanitizer report needs, and -O1 keeps its frames readable: with
+# full debug information and -O2 an instrumented build compiles two to three times slower.
+# (Given after the build type's flags, these win.)
+add_compile_options(${_flags} -O1 -g1)
 add_link_options(${_flags})
 
 if("address" IN_LIST _sanitizers)
