@@ -104,12 +104,23 @@ QtSoapQName& QtSoapQName::operator=(const QString& name)
     return *this;
 }
 
+namespace {
+
+// Lower-casing, not case folding: folding would also take "s" for the long s (U+017F)
+// and the micro sign (U+00B5) for the Greek mu, which lower-casing keeps apart.
+bool equalLowerCased(const QString& a, const QString& b)
+{
+    return a == b || a.toLower() == b.toLower();
+}
+
+} // namespace
+
 bool operator==(const QtSoapQName& candidate, const QtSoapQName& key)
 {
-    const bool sameName = candidate.name().compare(key.name(), Qt::CaseInsensitive) == 0;
+    const bool sameName = equalLowerCased(candidate.name(), key.name());
     if (key.uri() == QLatin1String(""))
         return sameName;
-    return sameName && candidate.uri().compare(key.uri(), Qt::CaseInsensitive) == 0;
+    return sameName && equalLowerCased(candidate.uri(), key.uri());
 }
 
 QtSoapType::QtSoapType()

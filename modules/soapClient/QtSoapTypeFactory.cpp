@@ -21,16 +21,46 @@ QString& factoryErrorText()
     return text.localData();
 }
 
-// The calling thread's last failure of each constructor.
+// The calling thread's last failure of each constructor. Never destroyed: the factory's
+// own constructors are deleted at exit, and take their texts with them.
+using ConstructorErrorTexts = QThreadStorage<QHash<const QtSoapTypeConstructorBase*, QString>>;
+ConstructorErrorTexts& constructorErrorTextStorage()
+{
+    static ConstructorErrorTexts* const texts = new ConstructorErrorTexts;
+    return *texts;
+}
+
 QHash<const QtSoapTypeConstructorBase*, QString>& constructorErrorTexts()
 {
-    static QThreadStorage<QHash<const QtSoapTypeConstructorBase*, QString>> texts;
-    return texts.localData();
+    return constructorErrorTextStorage().localData();
 }
 
 } // namespace
 
-QtSoapTypeConstructorBase::~QtSoapTypeConstructorBase() = default;
+QtSoapTypeConstructorBase::QtSoapTypeConstructorBase(const QtSoapTypeConstructorBase& other)
+{
+    *this = other;
+}
+
+QtSoapTypeConstructorBase& QtSoapTypeConstructorBase::operator=(const QtSoapTypeConstructorBase& other)
+{
+    QHash<const QtSoapTypeConstructorBase*, QString>& texts = constructorErrorTexts();
+    if (texts.contains(&other)) {
+        const QString text = texts.value(&other);
+        texts.insert(this, text);
+    } else {
+        texts.remove(this);
+    }
+    return *this;
+}
+
+// So that a later constructor at the same address starts without a text, at least on
+// this thread.
+QtSoapTypeConstructorBase::~QtSoapTypeConstructorBase()
+{
+    if (constructorErrorTextStorage().hasLocalData())
+        constructorErrorTexts().remove(this);
+}
 
 QString QtSoapTypeConstructorBase::threadErrorText(const QtSoapTypeConstructorBase* constructor)
 {

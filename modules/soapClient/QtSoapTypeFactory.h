@@ -15,8 +15,9 @@ class UTILSDLL_EXPORT QtSoapTypeConstructorBase
 {
 public:
     QtSoapTypeConstructorBase() = default;
-    QtSoapTypeConstructorBase(const QtSoapTypeConstructorBase&) = default;
-    QtSoapTypeConstructorBase& operator=(const QtSoapTypeConstructorBase&) = default;
+    // A copy takes the source's error text as the copying thread sees it; moves copy too.
+    QtSoapTypeConstructorBase(const QtSoapTypeConstructorBase& other);
+    QtSoapTypeConstructorBase& operator=(const QtSoapTypeConstructorBase& other);
     virtual ~QtSoapTypeConstructorBase();
 
     virtual QtSoapType* createObject(QDomNode node) = 0;

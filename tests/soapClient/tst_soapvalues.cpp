@@ -86,6 +86,10 @@ private slots:
         // without case. The struct lookups below show the rest.
         QVERIFY(!(QtSoapQName("Body", "") == QtSoapQName("Body", "urn:a")));
         QVERIFY(QtSoapQName("Body", "URN:A") == QtSoapQName("body", "urn:a"));
+        // Equal after lower-casing, which is not case folding: the long s is no "s", the micro sign no mu.
+        QVERIFY(!(QtSoapQName(QString::fromUtf8("\u017F")) == QtSoapQName("s")));
+        QVERIFY(!(QtSoapQName(QString::fromUtf8("\u00B5")) == QtSoapQName(QString::fromUtf8("\u03BC"))));
+        QVERIFY(!(QtSoapQName("a", QString::fromUtf8("urn:\u017F")) == QtSoapQName("a", "urn:s")));
         QtSoapQName assigned(QStringLiteral("a"), QStringLiteral("urn:a"));
         assigned = QStringLiteral("b"); // a plain name drops the namespace
         QCOMPARE(assigned.uri(), QString(""));
@@ -251,6 +255,20 @@ private slots:
         // Stored as given, looked up lower-cased: never found.
         QCOMPARE(factory.soapType(parseElement("<v type='Lens'>t</v>"))->type(), QtSoapType::Other);
         QCOMPARE(factory.errorString(), QStringLiteral("A handler for int is already registered."));
+
+        // Copies, moves and assignments take the error text along.
+        QtSoapTypeConstructor<QtSoapSimpleType> failed;
+        QVERIFY(!failed.createObject(parseElement("<v type='int'>x</v>")));
+        const QString text = QStringLiteral("Type error at element \"v\"");
+        QtSoapTypeConstructor<QtSoapSimpleType> copy(failed);
+        const QString copied = copy.errorString();
+        QtSoapTypeConstructor<QtSoapSimpleType> moved(std::move(copy));
+        QtSoapTypeConstructor<QtSoapSimpleType> assigned;
+        assigned = failed;
+        QCOMPARE(QStringList({failed.errorString(), copied, moved.errorString(), assigned.errorString()}),
+                 QStringList({text, text, text, text}));
+        assigned = QtSoapTypeConstructor<QtSoapSimpleType>();
+        QCOMPARE(assigned.errorString(), QString());
     }
 };
 
