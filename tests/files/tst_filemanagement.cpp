@@ -115,6 +115,21 @@ private slots:
         QDirIterator trashed(trash, QStringList() << "photo*.jpg", QDir::Files);
         QVERIFY2(trashed.hasNext() && !QFile::exists(path), qPrintable(trash));
         QCOMPARE(readFile(trashed.next()), QByteArray("pixels"));
+
+        // On a fresh account the data home does not exist yet: the trash is made there,
+        // and nothing lands in the current folder.
+        const QByteArray dataHome = qgetenv("XDG_DATA_HOME");
+        const QString previousFolder = QDir::currentPath();
+        const auto restore = qScopeGuard([&] {
+            qputenv("XDG_DATA_HOME", dataHome);
+            QDir::setCurrent(previousFolder);
+        });
+        const QString freshHome = root.filePath("fresh/share");
+        qputenv("XDG_DATA_HOME", QFile::encodeName(freshHome));
+        QVERIFY(QDir::setCurrent(root.path()) && writeFile(root.filePath("first.jpg"), "first"));
+        QCOMPARE(moveFileToTrash(root.filePath("first.jpg")), FileOperationSucceeded);
+        QCOMPARE(readFile(freshHome + "/Trash/files/first.jpg"), QByteArray("first"));
+        QVERIFY(!QFileInfo::exists(root.filePath("files")) && !QFileInfo::exists(root.filePath("first.jpg")));
 #endif
 
         // The public call cleans both names; what exists is never replaced.
@@ -195,6 +210,12 @@ private slots:
         QCOMPARE(reports.size(), 3);
         QVERIFY(reports.at(0).startsWith("ASSERT in ") && reports.at(0).endsWith(" 81"));
         QVERIFY(reports.at(1).endsWith(" 81") && reports.at(2).endsWith(" 92"));
+
+        // A file in place of the folder resolves as the shell resolves it: the same reports.
+        logger->clear();
+        selectFilesInShell(root.filePath("a.jpg"), QStringList() << root.filePath("a.jpg") << root.filePath("b.jpg"));
+        QCOMPARE(logger->linesAt('E').size(), 3);
+        QVERIFY(logger->linesAt('E').at(1).endsWith(" 81"));
     }
 
     // QCOMPARE compares doubles by qFuzzyCompare, as the rounding's own last step does.

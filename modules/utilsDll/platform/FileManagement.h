@@ -16,8 +16,9 @@ bool moveToTrash(const std::wstring& path);
 bool renameWithoutOverwrite(const std::wstring& oldName, const std::wstring& newName);
 
 // Opens a file manager window on folder with the given items selected. The items
-// are paths that exist. False when the folder itself could not be resolved, in which
-// case nothing else was attempted; true otherwise, whatever the file manager did.
+// are paths that exist; folder may name an existing file too, which resolves like a
+// folder. False when the folder itself could not be resolved, in which case nothing
+// else was attempted; true otherwise, whatever the file manager did.
 bool showItemsInFileManager(const std::wstring& folder, const std::vector<std::wstring>& items);
 
 } // namespace VexaPlatform

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStandardPaths>
 #include <QStringList>
 #include <QUrl>
 
@@ -34,6 +35,19 @@ bool askFileManagerToShow(const QStringList& uris)
 
 bool moveToTrash(const std::wstring& path)
 {
+    // When Qt cannot make the trash folder (on a fresh account the data home does not
+    // exist yet), it takes the empty path for the current folder and moves the file
+    // there, answering success. So the trash is made here first, private as Qt makes
+    // it, and a trash that cannot be made leaves the file where it is.
+    const QString dataHome = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    if (!QDir::isAbsolutePath(dataHome))
+        return false;
+    const QString trash = dataHome + QStringLiteral("/Trash");
+    if (!QFileInfo(trash).isDir()) {
+        if (!QDir().mkpath(trash))
+            return false;
+        QFile::setPermissions(trash, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    }
     return QFile::moveToTrash(QString::fromStdWString(path));
 }
 
@@ -44,8 +58,10 @@ bool renameWithoutOverwrite(const std::wstring& oldName, const std::wstring& new
 
 bool showItemsInFileManager(const std::wstring& folder, const std::vector<std::wstring>& items)
 {
-    const QString folderPath = QString::fromStdWString(folder);
-    if (!QFileInfo(folderPath).isDir())
+    // The shell resolves a file as well as a folder; the file manager then opens the
+    // file's folder.
+    const QFileInfo folderInfo(QString::fromStdWString(folder));
+    if (!folderInfo.exists())
         return false;
 
     QStringList uris;
@@ -58,7 +74,8 @@ bool showItemsInFileManager(const std::wstring& folder, const std::vector<std::w
 
     // Without a file manager service the folder is at least opened.
     if (!askFileManagerToShow(uris))
-        QDesktopServices::openUrl(QUrl::fromLocalFile(QDir(folderPath).absolutePath()));
+        QDesktopServices::openUrl(QUrl::fromLocalFile(folderInfo.isDir() ? folderInfo.absoluteFilePath()
+                                                                         : folderInfo.absolutePath()));
     return true;
 }
 
