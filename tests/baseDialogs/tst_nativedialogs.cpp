@@ -98,6 +98,10 @@ private slots:
             QPushButton* button = dialog->findChild<QPushButton*>(QStringLiteral("selectFolderButton"));
             QVERIFY(button);
             QCOMPARE(button->text(), QStringLiteral("Select Folder"));
+            // Only the mouse confirms: Space on the focused button does not.
+            button->setFocus();
+            QTest::keyClick(button, Qt::Key_Space);
+            QVERIFY(dialog->isVisible());
             QTest::mouseClick(button, Qt::LeftButton);
         });
 #endif

@@ -5,10 +5,38 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QWidget>
 
+#include <functional>
+#include <utility>
+
 namespace {
+
+// Confirms only on a left mouse button released over it, never from the keyboard:
+// Space, or a shortcut, does nothing, as with the Windows dialog's button.
+class MouseOnlyButton : public QPushButton
+{
+public:
+    MouseOnlyButton(const QString& text, std::function<void()> released)
+        : QPushButton(text)
+        , m_released(std::move(released))
+    {
+    }
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override
+    {
+        const bool over = event->button() == Qt::LeftButton && isDown() && hitButton(event->pos());
+        QPushButton::mouseReleaseEvent(event);
+        if (over)
+            m_released();
+    }
+
+private:
+    std::function<void()> m_released;
+};
 
 // A file-open dialog whose confirming button answers the folder being shown, never
 // the selected file: the user sees the image files while choosing their folder.
@@ -55,14 +83,14 @@ private:
         QDialogButtonBox* buttons = findChild<QDialogButtonBox*>();
         if (!buttons)
             return;
-        QPushButton* select = buttons->addButton(buttonText, QDialogButtonBox::ActionRole);
-        select->setObjectName(QStringLiteral("selectFolderButton"));
-        select->setDefault(false);
-        select->setAutoDefault(false);
-        connect(select, &QPushButton::clicked, this, [this]() {
+        auto* select = new MouseOnlyButton(buttonText, [this]() {
             m_answer = QDir::toNativeSeparators(directory().absolutePath());
             done(QDialog::Accepted);
         });
+        select->setObjectName(QStringLiteral("selectFolderButton"));
+        select->setDefault(false);
+        select->setAutoDefault(false);
+        buttons->addButton(select, QDialogButtonBox::ActionRole);
     }
 
     QString m_answer;
