@@ -115,8 +115,14 @@ private slots:
         QImage topWhite = black20;
         for (int x = 0; x < 20; ++x)
             topWhite.setPixel(x, 0, qRgb(255, 255, 255));
+        // 60 * (100 / 1200)^21, with the channels added one by one.
         QTest::newRow("first row fades") << topWhite << black20 << 0.0 << 1.0 << int(ImgCmpSimilar)
-                                         << 60.0 * std::pow(100.0 / 1200.0, 21);
+                                         << 1.3042026652294416e-21;
+        // (1 / 255 + 32 / 255) * 100 / 3 * 100 / 3; a row's sum 33 / 255 would give ...264 and,
+        // at this threshold, the other grade.
+        QTest::newRow("channels added one by one") << filledImage(1, 1, qRgb(0, 0, 0)) << filledImage(1, 1, qRgb(0, 1, 32))
+                                                   << 0.0 << 143.79084967320264 << int(ImgCmpSimilar)
+                                                   << 143.79084967320262;
     }
 
     void compareImagesGrades()
@@ -129,8 +135,8 @@ private slots:
         QFETCH(double, difference);
         double value = input;
         QCOMPARE(int(compareImages(first, second, value, threshold)), result);
-        QVERIFY2(std::abs(value - difference) <= 1e-9 * std::max(std::abs(difference), difference ? 0.0 : 1.0),
-                 qPrintable(QString::number(value, 'g', 17)));
+        // Callers' thresholds are measured against this exact value: no tolerance.
+        QCOMPARE(QString::number(value, 'g', 17), QString::number(difference, 'g', 17));
     }
 
     // The points on the circle of radius 5 around (10, 10), in the line's direction.
@@ -335,6 +341,22 @@ private slots:
         QCOMPARE(shiftOf("second"), 0);
         delete button;
         QCOMPARE(shiftOf("second"), baseShift());
+    }
+
+    // A tool tip is its rectangle less the four corner pixels; without a mask to fill, the base answers.
+    void toolTipMaskCutsTheCorners()
+    {
+        QStyleOption option;
+        option.rect = QRect(0, 0, 30, 12);
+        QStyleHintReturnMask mask;
+        QCOMPARE(m_style->styleHint(QStyle::SH_ToolTip_Mask, &option, nullptr, &mask), 1);
+        QRegion expected(option.rect);
+        for (const QPoint& corner : {option.rect.topLeft(), option.rect.topRight(), option.rect.bottomLeft(),
+                                     option.rect.bottomRight()})
+            expected -= QRect(corner, QSize(1, 1));
+        QCOMPARE(mask.region, expected);
+        QCOMPARE(m_style->styleHint(QStyle::SH_ToolTip_Mask, &option, nullptr, nullptr),
+                 m_windows->styleHint(QStyle::SH_ToolTip_Mask, &option, nullptr, nullptr));
     }
 
     void extensionArrowMirrorsRightToLeft()
