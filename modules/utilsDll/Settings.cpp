@@ -3,13 +3,68 @@
 #include "Log.h"
 #include "storageLocation.h"
 
+#include <QFileInfo>
+
 namespace VEXA_NAMESPACE {
+
+namespace {
+
+const QString kOrganisation = QStringLiteral("Vexa Labs");
+const QString kApplication = QStringLiteral("Vexa Rectivo 3");
+
+// Opening a pipe or a device for reading can wait for a writer forever, and QSettings
+// opens its files as soon as it is made. Such a path reads as a file that cannot be read.
+bool isNeitherAbsentNorRegular(const QString& path)
+{
+    const QFileInfo info(path);
+    return info.exists() && !info.isFile();
+}
+
+bool readNothing(QIODevice&, QSettings::SettingsMap&)
+{
+    return false;
+}
+
+bool writeNothing(QIODevice&, const QSettings::SettingsMap&)
+{
+    return false;
+}
+
+// A file format that neither reads nor writes anything. Its files lie where the system
+// store's lie, under an extension of their own: a store in this format tells where the
+// system store's files are without opening them, and stands in for a store whose files
+// cannot be read.
+QSettings::Format unreadableFormat()
+{
+    static const QSettings::Format format =
+        QSettings::registerFormat(QStringLiteral("unreadable-settings"), readNothing, writeNothing);
+    return format;
+}
+
+// The system store, unless one of its user files (the application's and the
+// organisation's) is there and is not a regular file: then a store that reads as empty
+// and loses what is written, as for any store that cannot be read. The system-wide
+// files are left out: only the administrator can put something in their place.
+QSettings::Format systemStoreFormat()
+{
+    const QString probe =
+        QSettings(unreadableFormat(), QSettings::UserScope, kOrganisation, kApplication).fileName();
+    const QString probeSuffix = '.' + QFileInfo(probe).suffix();
+    const QString nativeSuffix = QStringLiteral(".conf");
+    const QString applicationFile = probe.chopped(probeSuffix.size()) + nativeSuffix;
+    const QString organisationFile = QFileInfo(probe).absolutePath() + nativeSuffix;
+    if (isNeitherAbsentNorRegular(applicationFile) || isNeitherAbsentNorRegular(organisationFile))
+        return unreadableFormat();
+    return QSettings::NativeFormat;
+}
+
+} // namespace
 
 QPointer<CTemporarySettings> CSettings::m_tempSettings;
 
 CSettings::CSettings(QObject* parent, bool ignoreTemporary)
     : QObject(nullptr)
-    , m_settings("Vexa Labs", "Vexa Rectivo 3", parent)
+    , m_settings(systemStoreFormat(), QSettings::UserScope, kOrganisation, kApplication, parent)
     , m_ignoreTemporary(ignoreTemporary)
 {
     connectSlots();
@@ -141,6 +196,8 @@ void CSettings::setTemporarySettings(CTemporarySettings& settings)
 QString CSettings::getStringFromPreferencesFile(const QString& key, const QString& defaultValue)
 {
     const QString path = CStorageLocation::getCurrentPreferencesFilePath();
+    if (isNeitherAbsentNorRegular(path))
+        return defaultValue;
     const QString text = QSettings(path, QSettings::IniFormat).value(key, defaultValue).toString();
     return text.isEmpty() ? defaultValue : text;
 }

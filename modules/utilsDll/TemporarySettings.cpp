@@ -16,15 +16,26 @@ CTemporarySettings::CTemporarySettings(const char* anchorFilePath)
 {
     m_tempDir = new QTemporaryDir(QDir::tempPath() + QDir::separator() + QUuid::createUuid().toString());
     m_tempDir->setAutoRemove(true);
-    ASSERT_X(m_tempDir && m_tempDir->isValid(), "Temporary folder is not valid!");
+    const bool folderMade = m_tempDir->isValid();
+    ASSERT_X(folderMade, "Temporary folder is not valid!");
 
-    s_settingsFilePath = QDir::toNativeSeparators(
-        m_tempDir->path() + QDir::separator() + QString("%1.ini").arg("vrcv3"));
+    if (folderMade) {
+        s_settingsFilePath = QDir::toNativeSeparators(
+            m_tempDir->path() + QDir::separator() + QString("%1.ini").arg("vrcv3"));
+    } else {
+        // Without its folder the store must write nowhere: not beside the file system's
+        // root, where the next process would read it, nor in a folder that outlives the
+        // store. A path among the resources cannot be written and has no folder to make.
+        s_settingsFilePath = QString(":/temporary-settings-unavailable/%1/%2.ini")
+                                 .arg(QUuid::createUuid().toString(QUuid::WithoutBraces), "vrcv3");
+    }
 
-    // Without a defaults file the store simply starts empty.
+    // Without a defaults file the store simply starts empty. Only a regular file is
+    // copied: opening a pipe or a device in its place would wait for a writer forever.
     const QString defaults =
         QFileInfo(QString::fromUtf8(anchorFilePath)).dir().absoluteFilePath("DefaultTemporarySettings.ini");
-    QFile::copy(defaults, s_settingsFilePath);
+    if (folderMade && QFileInfo(defaults).isFile())
+        QFile::copy(defaults, s_settingsFilePath);
 
     m_settings = new QSettings(s_settingsFilePath, QSettings::IniFormat);
 }

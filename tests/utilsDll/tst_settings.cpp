@@ -1,3 +1,4 @@
+#include "BoundedCall.h"
 #include "TestEnvironment.h"
 #include "TestLogger.h"
 
@@ -8,6 +9,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
+#include <QScopeGuard>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -47,6 +50,20 @@ void writeFile(const QString& path, const QByteArray& content)
 std::unique_ptr<CTemporarySettings> makeStore(const QString& anchorFolder = QDir::tempPath())
 {
     return std::make_unique<CTemporarySettings>((anchorFolder + "/anchor.exe").toUtf8().constData());
+}
+
+bool runningAsRoot()
+{
+#ifdef Q_OS_WIN
+    return false;
+#else
+    return ::geteuid() == 0;
+#endif
+}
+
+QStringList rootEntries()
+{
+    return QDir("/").entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
 }
 
 } // namespace
@@ -239,6 +256,115 @@ private slots:
         QVERIFY(!isLoggerEnabled());
         m_store->setValue("UseActionSave", "0");
         QVERIFY(useActionSave());
+    }
+
+    // TMPDIR where no folder can be made, or on a file system with no room left. Nothing
+    // of the store may land outside the temporary folder or outlive the store, and the
+    // user's defaults stay as they were.
+    void temporaryStoreWhereNoFolderCanBeMade_data()
+    {
+        QTest::addColumn<QString>("tmpdir");
+        QTest::newRow("a plain file") << "file";
+        QTest::newRow("missing") << "missing";
+        QTest::newRow("read-only") << "read-only";
+        QTest::newRow("a full file system") << "full";
+    }
+
+    void temporaryStoreWhereNoFolderCanBeMade()
+    {
+        QFETCH(QString, tmpdir);
+        QTemporaryDir folder;
+        const QString tmp = folder.filePath("tmp");
+        const QByteArray defaults("[General]\nresellerId=shop\n");
+        writeFile(folder.filePath("DefaultTemporarySettings.ini"), defaults);
+        if (tmpdir == "file") {
+            writeFile(tmp, "not a folder");
+        } else if (tmpdir == "read-only") {
+            QVERIFY(QDir().mkdir(tmp) && QFile::setPermissions(tmp, QFile::ReadOwner | QFile::ExeOwner));
+        } else if (tmpdir == "full") {
+            if (!runningAsRoot())
+                QSKIP("mounting a small file system needs root");
+            QVERIFY(QDir().mkdir(tmp));
+            if (QProcess::execute("mount", {"-t", "tmpfs", "-o", "size=64k,nr_inodes=8", "tmpfs", tmp}) != 0)
+                QSKIP("no tmpfs could be mounted");
+            QFile filler(tmp + "/filler");
+            QVERIFY(filler.open(QIODevice::WriteOnly));
+            while (filler.write(QByteArray(4096, 'x')) == 4096 && filler.flush()) {
+            }
+        }
+        const QByteArray savedTmp = qgetenv("TMPDIR");
+        qputenv("TMPDIR", QFile::encodeName(tmp));
+        const auto restore = qScopeGuard([&] {
+            qputenv("TMPDIR", savedTmp);
+            QFile::setPermissions(tmp, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+            if (tmpdir == "full")
+                QProcess::execute("umount", {tmp});
+        });
+        const QStringList rootBefore = rootEntries();
+        const QStringList tmpBefore = QDir(tmp).entryList(QDir::NoDotAndDotDot | QDir::AllEntries);
+
+        auto store = makeStore(folder.path());
+        CSettings::setTemporarySettings(*store);
+        CSettings().setValue("written", "by the first store");
+        const QString path = store->tempSettingsPath();
+        store.reset();
+        QVERIFY2(!QFileInfo::exists(path), qPrintable(path));
+        QVERIFY(!makeStore(folder.path())->contains("written")); // the next run starts afresh
+
+        QCOMPARE(rootEntries(), rootBefore);
+        QCOMPARE(QDir(tmp).entryList(QDir::NoDotAndDotDot | QDir::AllEntries), tmpBefore);
+        QCOMPARE(fileText(folder.filePath("DefaultTemporarySettings.ini")).toUtf8(), defaults);
+    }
+
+    // A FIFO where a settings file is expected reads as a file that cannot be read: the
+    // call answers its default instead of waiting for a writer, and leaves the FIFO be.
+    void fifoInPlaceOfASettingsFile_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::newRow("preferences") << "preferences";
+        QTest::newRow("system store") << "system";
+        QTest::newRow("system store of the organisation") << "organisation";
+        QTest::newRow("defaults of the temporary store") << "defaults";
+    }
+
+    void fifoInPlaceOfASettingsFile()
+    {
+#ifdef Q_OS_WIN
+        QSKIP("no FIFOs in the file system");
+#else
+        QFETCH(QString, file);
+        QTemporaryDir folder;
+        const QString systemFile = systemStore().fileName();
+        const QString fifo = file == "preferences" ? folder.filePath("Preferences.ini")
+                             : file == "system"     ? systemFile
+                             : file == "defaults"   ? folder.filePath("DefaultTemporarySettings.ini")
+                                                    : QFileInfo(systemFile).absolutePath() + ".conf";
+        QFile::remove(fifo);
+        QVERIFY(UtilsDllTest::makeFifo(fifo));
+        const auto removeFifo = qScopeGuard([&] { QFile::remove(fifo); });
+
+        QString answer;
+        QString storeFolder;
+        const bool returned = UtilsDllTest::returnsWithoutBlocking(fifo, [&] {
+            if (file == "preferences") {
+                CStorageLocation::setPreferencesFilePath(fifo);
+                answer = CSettings::getStringFromPreferencesFile("lang", "fallback");
+            } else if (file == "defaults") {
+                CTemporarySettings store((folder.path() + "/anchor.exe").toUtf8().constData());
+                answer = store.value("resellerId", "empty").toString();
+                storeFolder = QFileInfo(store.tempSettingsPath()).absolutePath();
+            } else {
+                answer = isFirstLaunch() ? "first launch" : "launched before";
+                setNotFirstLaunch();
+            }
+        });
+        QVERIFY2(returned, "the call waited on the FIFO");
+        const QString expected = file == "preferences" ? "fallback" : file == "defaults" ? "empty" : "first launch";
+        QCOMPARE(answer, expected);
+        QVERIFY(QFileInfo(fifo).exists() && !QFileInfo(fifo).isFile());
+        if (!storeFolder.isEmpty())
+            QVERIFY(!QDir(storeFolder).exists());
+#endif
     }
 
 private:
