@@ -1,12 +1,16 @@
 #include "TestEnvironment.h"
 
 #include "AboutDlg.h"
+#include "AppBootstrap.h"
 #include "CBaseDialog.h"
 #include "DialogDriver.h"
 #include "HostWarningDlg.h"
 #include "MessageBox.h"
 
 #include <QtWidgets>
+
+#include <cmath>
+#include <memory>
 
 #ifndef Q_OS_WIN
 #include <unistd.h>
@@ -122,6 +126,33 @@ void writeLicences(const Files& files)
 QList<QLabel*> licenceLabels(QWidget* dialog)
 {
     return dialog->findChildren<QLabel*>("lbVisitVexaPatentsPage");
+}
+
+// The contrast ratio, as the eye weighs light, of the colour farthest from the most common
+// one (the background) in a picture of a text; 1 is none, 21 black on white.
+double textContrast(const QImage& picture)
+{
+    const auto luminance = [](QRgb rgb) {
+        const auto linear = [](int channel) {
+            const double c = channel / 255.0;
+            return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(qRed(rgb)) + 0.7152 * linear(qGreen(rgb)) + 0.0722 * linear(qBlue(rgb));
+    };
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            ++counts[picture.pixel(x, y) | 0xFF000000];
+    QRgb background = 0;
+    for (auto it = counts.cbegin(); it != counts.cend(); ++it)
+        if (it.value() > counts.value(background))
+            background = it.key();
+    double contrast = 1.0;
+    for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
+        const double a = luminance(it.key()) + 0.05, b = luminance(background) + 0.05;
+        contrast = std::max(contrast, std::max(a, b) / std::min(a, b));
+    }
+    return contrast;
 }
 
 class HeaderDialog : public CBaseDialog
@@ -396,6 +427,66 @@ private slots:
         QVERIFY(reader && reader->isRunning());
         dialog->show();
         delete dialog;
+    }
+
+    // Under the product's style sheets every text stands out from what lies behind it:
+    // at least the contrast that is asked of body text.
+    void textIsReadable_data()
+    {
+        QTest::addColumn<bool>("sorel");
+        QTest::addColumn<QString>("label");
+        QTest::newRow("host warning, explanation") << false << "explanatoryTextLabel";
+        QTest::newRow("host warning, main text") << false << "mainTextLabel";
+        QTest::newRow("Sorel, collection") << true << "label_sorel";
+        QTest::newRow("Sorel, product name") << true << "label_product_name";
+        QTest::newRow("Sorel, version") << true << "label_footer";
+    }
+
+    void textIsReadable()
+    {
+        QFETCH(bool, sorel);
+        QFETCH(QString, label);
+        Vexa::setPredefinedAppStyleSheet(QString(), qApp);
+        const auto plain = qScopeGuard([] { qApp->setStyleSheet(QString()); });
+        std::unique_ptr<QWidget> dialog;
+        if (sorel) {
+            dialog = std::make_unique<CAboutSorelDlg>();
+        } else {
+            dialog = std::make_unique<CHostWarningDlg>(nullptr);
+            dialog->findChild<QCheckBox*>("showExplanatoryCheckBox")->click(); // shows the explanation
+        }
+        dialog->show();
+        const QWidget* text = dialog->findChild<QWidget*>(label);
+        QVERIFY(text && text->isVisible());
+        const QImage picture = dialog->grab(QRect(text->mapTo(dialog.get(), QPoint()), text->size())).toImage();
+        const double contrast = textContrast(picture);
+        QVERIFY2(contrast >= 4.5, qPrintable(QString::number(contrast)));
+    }
+
+    // A huge licence file, first in the folder's order or left to the reader, is read only
+    // as far as a licence text can go, on either thread, and shown cut. Before, a file of
+    // gigabytes aborted the process and one of tens of megabytes held the GUI thread.
+    void hugeLicenceFilesAreCut()
+    {
+        const QByteArray licence = QByteArray("Permission is hereby granted.\n").repeated(30);
+        writeLicences({{"one.txt", licence}, {"two.txt", licence}, {"three.txt", licence}});
+        const QStringList order = QDir(licencesFolder()).entryList({"*.txt"}, QDir::NoFilter, QDir::NoSort);
+        // 1.2 GB, most of it a hole in the file: zeros that cost no disk.
+        for (int i : {0, 2})
+            QVERIFY(QFile(licencesFolder() + '/' + order.at(i)).resize(qint64(1200) << 20));
+
+        CAboutDlg dialog;
+        auto* thread = dialog.findChild<QThread*>();
+        QVERIFY(thread && thread->wait(30000));
+        QTRY_COMPARE(licenceLabels(&dialog).size(), 2);
+        const QString cutMark = "[...]<br>";
+        for (QLabel* label : licenceLabels(&dialog)) {
+            const QString text = label->text();
+            QVERIFY2(text.size() < 1 << 20, qPrintable(QString::number(text.size())));
+            QCOMPARE(text.count(cutMark), 1);
+            QVERIFY(text.contains(QString("Permission is hereby granted.<br>").repeated(30)));
+        }
+        QVERIFY(licenceLabels(&dialog).at(0)->text().contains(cutMark + s_separator + "<br>"));
     }
 
     // What the pictures test cannot see: titles, link targets, the product name, the fixed size.
