@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QScrollBar>
 #include <QShowEvent>
 #include <QTextStream>
@@ -17,6 +18,11 @@ namespace {
 
 const QString s_separator = "<br>******************************************************<br>";
 const QString s_licencesFolder = "Licenses";
+// A licence text is a few hundred KB at most. Only this much of a file is read and
+// shown, so that a huge file in the folder costs neither the memory nor the time of
+// the GUI thread, which reads the first two files and lays out every text.
+const qint64 s_maxLicenceBytes = 512 * 1024;
+const QString s_cutMark = "[...]<br>";
 const int s_versionNumbers[] = {3, 2, 0};
 const int s_buildNumber = 254;
 const QString s_homePage = "https://www.vexalabs.example/";
@@ -39,12 +45,18 @@ QString licencesFolder()
 QString readLicenceAt(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+    if (!openLicenceFile(file))
         return QString();
     return readLicenceFile(&file);
 }
 
 } // namespace
+
+bool openLicenceFile(QFile& file)
+{
+    // A pipe or a device in the folder would block the open until a writer comes.
+    return QFileInfo(file.fileName()).isFile() && file.open(QIODevice::ReadOnly | QIODevice::Text);
+}
 
 QString readLicenceFile(QFile* file, const std::function<bool()>& interrupted)
 {
@@ -52,12 +64,21 @@ QString readLicenceFile(QFile* file, const std::function<bool()>& interrupted)
     QString html;
     if (!file)
         return html;
+    QByteArray bytes = file->read(s_maxLicenceBytes + 1);
+    const bool cut = bytes.size() > s_maxLicenceBytes;
+    if (cut) {
+        // End on a whole line, which also keeps a multi-byte character whole.
+        bytes.truncate(int(s_maxLicenceBytes));
+        const int lastNewline = bytes.lastIndexOf('\n');
+        if (lastNewline >= 0)
+            bytes.truncate(lastNewline + 1);
+    }
     // Read in chunks rather than by lines, so that a reader asked to stop looks at the
     // flag often even in a large file of long lines. The text is the one that reading
     // line by line gives: a break after every line, the last one too, where "\r\n" and a
     // final "\r" count as the end of a line.
     const int chunkSize = 64 * 1024;
-    QTextStream stream(file);
+    QTextStream stream(bytes, QIODevice::ReadOnly);
     QString line;
     while (!stream.atEnd()) {
         if (interrupted && interrupted())
@@ -79,6 +100,8 @@ QString readLicenceFile(QFile* file, const std::function<bool()>& interrupted)
             line.chop(1);
         html += line + "<br>";
     }
+    if (cut)
+        html += s_cutMark;
     return html;
 }
 
@@ -181,7 +204,7 @@ void LicensesDownloadThread::run()
     const auto interrupted = [this] { return isInterruptionRequested(); };
     for (int i = 0; i < m_files.size() && !interrupted(); ++i) {
         QFile file(m_files.at(i));
-        if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        if (!openLicenceFile(file))
             continue;
         QString text = readLicenceFile(&file, interrupted);
         // A text cut short by a stop is not handed over.

@@ -75,6 +75,11 @@ private:
 // after the pending events have been handled.
 void installFilterOnce(CAuxWinEventFilter& filter, bool& filterPending);
 
-// The text of a licence file as simple HTML: each line followed by "<br>". When
-// interrupted answers true, checked between chunks, reading stops and the text is empty.
+// Opens a licence file read-only as text; false for what is not a regular file.
+bool openLicenceFile(QFile& file);
+
+// The text of a licence file as simple HTML: each line followed by "<br>". Of a file
+// longer than a licence text can be, only the lines of its first 512 KiB are read,
+// followed by "[...]<br>". When interrupted answers true, checked between chunks,
+// reading stops and the text is empty.
 QString readLicenceFile(QFile* file, const std::function<bool()>& interrupted = {});
