@@ -1,4 +1,5 @@
 #include "ProcessIdentity.h"
+#include "BoundedCall.h"
 #include "FileTestHelpers.h"
 #include "TestEnvironment.h"
 
@@ -60,6 +61,17 @@ QByteArray buildPe32(quint32 fileVersionMS, quint32 fileVersionLS)
     return image;
 }
 
+// Bytes this process has read through read calls so far, from /proc/self/io.
+qint64 bytesReadSoFar()
+{
+    QFile io("/proc/self/io");
+    if (!io.open(QIODevice::ReadOnly))
+        return -1;
+    const QByteArray text = io.readAll();
+    const int at = text.indexOf("rchar: ");
+    return at < 0 ? -1 : text.mid(at + 7, text.indexOf('\n', at) - at - 7).toLongLong();
+}
+
 } // namespace
 
 class TestProcessIdentity : public QObject
@@ -98,7 +110,11 @@ private slots:
                 return QString::compare(QString::fromStdWString(baseName), name, Qt::CaseInsensitive) == 0;
             }));
         };
+#ifdef Q_OS_WIN
         QCOMPARE(find(name.toUpper()), QDir::toNativeSeparators(host));
+#else
+        QCOMPARE(find(name.toUpper()), QString("/proc/%1/exe").arg(process.processId()));
+#endif
         QCOMPARE(find(name.chopped(4)), QString()); // the whole name, extension included
 
         // An upgrade while the program runs replaces its file; the name stays the same.
@@ -118,6 +134,51 @@ private slots:
         probe.closeWriteChannel();
         QVERIFY(probe.waitForFinished(60000));
         QCOMPARE(probe.readAllStandardOutput().trimmed(), QByteArray("process_probe"));
+    }
+
+    // The file under a running program's name replaced after it started: the version is
+    // read from the running image, never from what now has the name, however large, and
+    // a FIFO there is not opened (it blocked the call for good).
+    void versionOfAProgramWhoseFileWasReplaced_data()
+    {
+        QTest::addColumn<bool>("byFifo");
+        QTest::newRow("by a FIFO") << true;
+        QTest::newRow("by a large file") << false;
+    }
+
+    void versionOfAProgramWhoseFileWasReplaced()
+    {
+#ifdef Q_OS_WIN
+        QSKIP("the file of a running program cannot be removed");
+#else
+        QFETCH(bool, byFifo);
+        QTemporaryDir folder;
+        const QString name = QStringLiteral("replaced-%1.exe").arg(QCoreApplication::applicationPid());
+        const QString program = folder.filePath(name);
+        QVERIFY(QFile::copy(PROCESS_PROBE, program));
+        QProcess probe;
+        probe.start(program, {"name"});
+        QVERIFY(probe.waitForStarted());
+        const auto stop = qScopeGuard([&probe] { probe.kill(); probe.waitForFinished(); });
+        QVERIFY(QFile::remove(program));
+        if (byFifo) {
+            QVERIFY(UtilsDllTest::makeFifo(program));
+        } else { // a Windows executable's first bytes, then 400 MiB of zeros that cost no disk
+            QFile large(program);
+            QVERIFY(large.open(QIODevice::WriteOnly) && large.write("MZ") == 2 && large.resize(qint64(400) << 20));
+        }
+
+        const qint64 readBefore = bytesReadSoFar();
+        UtilsDll::BinaryVersion version;
+        QVERIFY2(UtilsDllTest::returnsWithoutBlocking(program, [&] {
+                     version = UtilsDll::binaryFileVersionByProcessName(name.toUpper());
+                 }),
+                 "the call waited on the FIFO");
+        const qint64 read = bytesReadSoFar() - readBefore;
+        QVERIFY2(readBefore >= 0 && read < 256 * 1024, qPrintable(QString::number(read)));
+        // The running image is a native program, which has no version resource.
+        QVERIFY(version.major == 0 && version.minor == 0 && version.revision == 0 && version.build == 0);
+#endif
     }
 
     // The committed samples through the file reader; then every cut of the versioned one

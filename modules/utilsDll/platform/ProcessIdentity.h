@@ -13,8 +13,10 @@ namespace VexaPlatform {
 // failure.
 std::wstring currentProcessBaseName();
 
-// The full path of the executable of the first running process, in the system's
-// order, whose executable file name satisfies matches. Processes that cannot be
+// A path to the executable of the first running process, in the system's order, whose
+// executable file name satisfies matches: the module's full path on Windows, the
+// process's link to its running image (/proc/<pid>/exe) on Linux, where the file
+// under the program's name may have been replaced since it started. Processes that cannot be
 // inspected (those of other users, usually) are passed over. Empty if none matches,
 // or if the path of the first match cannot be had.
 std::wstring processImagePath(const std::function<bool(const std::wstring& baseName)>& matches);

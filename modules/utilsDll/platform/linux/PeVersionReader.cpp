@@ -1,5 +1,7 @@
 #include "PeVersionReader.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <fstream>
 
 namespace VexaPlatform {
@@ -16,15 +18,23 @@ constexpr std::uint32_t kVersionResourceName = 1;
 constexpr std::uint32_t kFixedFileInfoSignature = 0xFEEF04BD;
 constexpr std::size_t kFixedFileInfoSize = 52;
 constexpr std::uint32_t kHighBit = 0x80000000u;
-// Executables larger than this are not read whole for the sake of a version.
-constexpr std::streamoff kMaxImageSize = 512LL * 1024 * 1024;
+// Files are read on demand, a page at a time: the few hundred bytes of headers and
+// resource tables that lead to the version, not the whole executable.
+constexpr std::size_t kPageSize = 4096;
 
-// Little-endian reads that fail instead of reading past the end.
+// Little-endian reads that fail instead of reading past the end, from memory or from
+// a file.
 class ByteView
 {
 public:
     ByteView(const std::uint8_t* data, std::size_t size)
         : m_data(data)
+        , m_size(size)
+    {
+    }
+
+    ByteView(std::istream& file, std::size_t size)
+        : m_file(&file)
         , m_size(size)
     {
     }
@@ -36,25 +46,61 @@ public:
 
     bool u16(std::size_t offset, std::uint16_t& value) const
     {
-        if (!has(offset, 2))
+        std::uint8_t b[2];
+        if (!bytesAt(offset, sizeof b, b))
             return false;
-        value = static_cast<std::uint16_t>(m_data[offset] | (m_data[offset + 1] << 8));
+        value = static_cast<std::uint16_t>(b[0] | (b[1] << 8));
         return true;
     }
 
     bool u32(std::size_t offset, std::uint32_t& value) const
     {
-        if (!has(offset, 4))
+        std::uint8_t b[4];
+        if (!bytesAt(offset, sizeof b, b))
             return false;
-        value = static_cast<std::uint32_t>(m_data[offset]) | (static_cast<std::uint32_t>(m_data[offset + 1]) << 8)
-              | (static_cast<std::uint32_t>(m_data[offset + 2]) << 16)
-              | (static_cast<std::uint32_t>(m_data[offset + 3]) << 24);
+        value = static_cast<std::uint32_t>(b[0]) | (static_cast<std::uint32_t>(b[1]) << 8)
+              | (static_cast<std::uint32_t>(b[2]) << 16) | (static_cast<std::uint32_t>(b[3]) << 24);
         return true;
     }
 
 private:
-    const std::uint8_t* m_data;
+    bool bytesAt(std::size_t offset, std::size_t length, std::uint8_t* out) const
+    {
+        if (!has(offset, length))
+            return false;
+        for (std::size_t i = 0; i < length; ++i) {
+            const std::size_t at = offset + i;
+            if (m_data) {
+                out[i] = m_data[at];
+                continue;
+            }
+            if (!pageLoaded(at / kPageSize))
+                return false;
+            out[i] = m_page[at % kPageSize];
+        }
+        return true;
+    }
+
+    bool pageLoaded(std::size_t page) const
+    {
+        if (m_pageLoaded && m_pageIndex == page)
+            return true;
+        const std::size_t start = page * kPageSize;
+        const std::size_t length = std::min(kPageSize, m_size - start);
+        m_page.resize(length);
+        m_file->clear();
+        m_pageLoaded = m_file->seekg(static_cast<std::streamoff>(start))
+                       && m_file->read(reinterpret_cast<char*>(m_page.data()), static_cast<std::streamsize>(length));
+        m_pageIndex = page;
+        return m_pageLoaded;
+    }
+
+    const std::uint8_t* m_data = nullptr;
+    std::istream* m_file = nullptr;
     std::size_t m_size;
+    mutable std::vector<std::uint8_t> m_page;
+    mutable std::size_t m_pageIndex = 0;
+    mutable bool m_pageLoaded = false;
 };
 
 struct Section
@@ -239,16 +285,25 @@ PeFileVersion fixedFileInfo(const ByteView& bytes, std::size_t block, std::uint3
 
 } // namespace
 
-PeFileVersion readPeFileVersion(const std::uint8_t* data, std::size_t size)
+namespace {
+
+PeFileVersion readPeFileVersion(const ByteView& bytes)
 {
-    if (!data)
-        return PeFileVersion();
-    PeImage image(ByteView(data, size));
+    PeImage image(bytes);
     std::size_t block = 0;
     std::uint32_t blockSize = 0;
     if (!image.parseHeaders() || !versionBlock(image, block, blockSize))
         return PeFileVersion();
     return fixedFileInfo(image.bytes(), block, blockSize);
+}
+
+} // namespace
+
+PeFileVersion readPeFileVersion(const std::uint8_t* data, std::size_t size)
+{
+    if (!data)
+        return PeFileVersion();
+    return readPeFileVersion(ByteView(data, size));
 }
 
 PeFileVersion readPeFileVersion(const std::vector<std::uint8_t>& image)
@@ -258,22 +313,20 @@ PeFileVersion readPeFileVersion(const std::vector<std::uint8_t>& image)
 
 PeFileVersion readPeFileVersionFromFile(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    // Only a regular file: opening a pipe or a device in its place would wait for a
+    // writer, and reading one could go on forever.
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error))
+        return PeFileVersion();
+    std::ifstream file;
+    file.rdbuf()->pubsetbuf(nullptr, 0); // the pages are the buffer
+    file.open(path, std::ios::binary | std::ios::ate);
     if (!file)
         return PeFileVersion();
     const std::streamoff size = file.tellg();
-    if (size <= 0 || size > kMaxImageSize)
+    if (size <= 0)
         return PeFileVersion();
-    // Most files asked about here are not PE images at all: look before reading.
-    char signature[2] = {};
-    file.seekg(0);
-    if (!file.read(signature, 2) || signature[0] != 'M' || signature[1] != 'Z')
-        return PeFileVersion();
-    std::vector<std::uint8_t> image(static_cast<std::size_t>(size));
-    file.seekg(0);
-    if (!file.read(reinterpret_cast<char*>(image.data()), size))
-        return PeFileVersion();
-    return readPeFileVersion(image);
+    return readPeFileVersion(ByteView(file, static_cast<std::size_t>(size)));
 }
 
 } // namespace VexaPlatform

@@ -22,6 +22,7 @@ struct PeFileVersion
 // first language; not found for anything that is not a well-formed PE image with one.
 PeFileVersion readPeFileVersion(const std::uint8_t* data, std::size_t size);
 PeFileVersion readPeFileVersion(const std::vector<std::uint8_t>& image);
+// Reads only the parts of the file that lead to the version, and only a regular file.
 PeFileVersion readPeFileVersionFromFile(const std::string& path);
 
 } // namespace VexaPlatform

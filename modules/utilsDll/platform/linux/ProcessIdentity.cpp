@@ -50,11 +50,14 @@ std::wstring currentProcessBaseName()
 std::wstring processImagePath(const std::function<bool(const std::wstring& baseName)>& matches)
 {
     for (const qint64 id : processIds()) {
-        const QString executable = executableOf(QStringLiteral("/proc/%1").arg(id));
+        const QString processFolder = QStringLiteral("/proc/%1").arg(id);
+        const QString executable = executableOf(processFolder);
         if (executable.isEmpty())
             continue;
+        // The running image itself, reached through the process: the file that now has
+        // the program's name may be another one, or a pipe that blocks whoever opens it.
         if (matches(QFileInfo(executable).fileName().toStdWString()))
-            return executable.toStdWString();
+            return (processFolder + QStringLiteral("/exe")).toStdWString();
     }
     return std::wstring();
 }
