@@ -30,3 +30,21 @@ write_basic_package_version_file(${CMAKE_BINARY_DIR}/UtilsDllConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
 install(FILES ${CMAKE_BINARY_DIR}/UtilsDllConfig.cmake ${CMAKE_BINARY_DIR}/UtilsDllConfigVersion.cmake
     DESTINATION ${_cmakedir})
+
+# A pkg-config file for builds that do not use CMake, relocatable like the CMake package:
+# its prefix is found from where the file lies.
+file(RELATIVE_PATH _pcToPrefix "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
+string(REGEX REPLACE "/$" "" _pcToPrefix "${_pcToPrefix}")
+string(REPLACE ";" " Qt5" _pcRequires "Qt5${UTILSDLL_QT_COMPONENTS}")
+file(WRITE "${CMAKE_BINARY_DIR}/UtilsDll.pc" "prefix=\${pcfiledir}/${_pcToPrefix}
+libdir=\${prefix}/${CMAKE_INSTALL_LIBDIR}
+includedir=\${prefix}/${CMAKE_INSTALL_INCLUDEDIR}
+
+Name: UtilsDll
+Description: Shared utility library of the photo geometry-correction product
+Version: ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}.${PROJECT_VERSION_PATCH}
+Requires: ${_pcRequires}
+Libs: -L\${libdir} -lUtilsDll
+Cflags: -I\${includedir} -I\${includedir}/UtilsDll
+")
+install(FILES "${CMAKE_BINARY_DIR}/UtilsDll.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -18,15 +18,22 @@ plainBuild() {
     configureAndBuild "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo
 }
 
-# The installed package must be usable by a project outside this tree.
+# The installed package must be usable by a project outside this tree: with CMake, run
+# as it is installed (no LD_LIBRARY_PATH: the logger module is found beside it), and
+# with pkg-config.
 consumer() {
     local stage="$build/stage"
     rm -rf "$stage"
     cmake --install "$build" --prefix "$stage" > /dev/null
     cmake -S "$root/examples/consumer" -B "$build/consumer" -G Ninja -DCMAKE_PREFIX_PATH="$stage"
     cmake --build "$build/consumer"
-    LD_LIBRARY_PATH="$stage/lib" QT_QPA_PLATFORM=offscreen "$build/consumer/utilsdll-consumer"
-    echo "consumer: built and ran against the installed package"
+    QT_QPA_PLATFORM=offscreen "$build/consumer/utilsdll-consumer"
+    echo "consumer: built with CMake and ran against the installed package"
+    # shellcheck disable=SC2046 # pkg-config's answer is a list of flags
+    c++ -std=c++17 -fPIC "$root/examples/consumer/main.cpp" -o "$build/consumer/utilsdll-consumer-pc" \
+        $(PKG_CONFIG_PATH="$stage/lib/pkgconfig" pkg-config --cflags --libs UtilsDll)
+    LD_LIBRARY_PATH="$stage/lib" QT_QPA_PLATFORM=offscreen "$build/consumer/utilsdll-consumer-pc"
+    echo "consumer: built with pkg-config and ran against the installed package"
 }
 
 # The concurrency stress test once more under ThreadSanitizer, in a build of its own
