@@ -61,6 +61,25 @@ bool runningAsRoot()
 #endif
 }
 
+// Mounts a 64 KiB tmpfs on folder, which must exist, and fills it but for what is
+// already there. False if that cannot be done here: it needs root, as in CI.
+bool mountFullFileSystem(const QString& folder, const QString& keptFile = QString(), const QByteArray& kept = {})
+{
+    if (!runningAsRoot() || QProcess::execute("mount", {"-t", "tmpfs", "-o", "size=64k,nr_inodes=8", "tmpfs", folder}) != 0)
+        return false;
+    if (!keptFile.isEmpty()) {
+        QFile file(keptFile);
+        if (!file.open(QIODevice::WriteOnly) || file.write(kept) != kept.size())
+            return false;
+    }
+    QFile filler(folder + "/filler");
+    if (!filler.open(QIODevice::WriteOnly))
+        return false;
+    while (filler.write(QByteArray(4096, 'x')) == 4096 && filler.flush()) {
+    }
+    return true;
+}
+
 QStringList rootEntries()
 {
     return QDir("/").entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
@@ -282,15 +301,9 @@ private slots:
         } else if (tmpdir == "read-only") {
             QVERIFY(QDir().mkdir(tmp) && QFile::setPermissions(tmp, QFile::ReadOwner | QFile::ExeOwner));
         } else if (tmpdir == "full") {
-            if (!runningAsRoot())
-                QSKIP("mounting a small file system needs root");
             QVERIFY(QDir().mkdir(tmp));
-            if (QProcess::execute("mount", {"-t", "tmpfs", "-o", "size=64k,nr_inodes=8", "tmpfs", tmp}) != 0)
-                QSKIP("no tmpfs could be mounted");
-            QFile filler(tmp + "/filler");
-            QVERIFY(filler.open(QIODevice::WriteOnly));
-            while (filler.write(QByteArray(4096, 'x')) == 4096 && filler.flush()) {
-            }
+            if (!mountFullFileSystem(tmp))
+                QSKIP("a full file system needs root and tmpfs");
         }
         const QByteArray savedTmp = qgetenv("TMPDIR");
         qputenv("TMPDIR", QFile::encodeName(tmp));
@@ -318,36 +331,49 @@ private slots:
 
     // A FIFO where a settings file is expected reads as a file that cannot be read: the
     // call answers its default instead of waiting for a writer, and leaves the FIFO be.
-    void fifoInPlaceOfASettingsFile_data()
+    // On a full file system the write is lost, and the user's file stays as it was.
+    void settingsFileThatCannotBeReadOrWritten_data()
     {
         QTest::addColumn<QString>("file");
-        QTest::newRow("preferences") << "preferences";
-        QTest::newRow("system store") << "system";
-        QTest::newRow("system store of the organisation") << "organisation";
-        QTest::newRow("defaults of the temporary store") << "defaults";
+        QTest::addColumn<QString>("fault");
+        QTest::newRow("preferences, a FIFO") << "preferences" << "fifo";
+        QTest::newRow("system store, a FIFO") << "system" << "fifo";
+        QTest::newRow("system store of the organisation, a FIFO") << "organisation" << "fifo";
+        QTest::newRow("defaults of the temporary store, a FIFO") << "defaults" << "fifo";
+        QTest::newRow("system store, a full file system") << "system" << "full";
     }
 
-    void fifoInPlaceOfASettingsFile()
+    void settingsFileThatCannotBeReadOrWritten()
     {
 #ifdef Q_OS_WIN
-        QSKIP("no FIFOs in the file system");
+        QSKIP("no FIFOs, and no tmpfs to fill");
 #else
         QFETCH(QString, file);
+        QFETCH(QString, fault);
         QTemporaryDir folder;
         const QString systemFile = systemStore().fileName();
-        const QString fifo = file == "preferences" ? folder.filePath("Preferences.ini")
+        const QString path = file == "preferences" ? folder.filePath("Preferences.ini")
                              : file == "system"     ? systemFile
                              : file == "defaults"   ? folder.filePath("DefaultTemporarySettings.ini")
                                                     : QFileInfo(systemFile).absolutePath() + ".conf";
-        QFile::remove(fifo);
-        QVERIFY(UtilsDllTest::makeFifo(fifo));
-        const auto removeFifo = qScopeGuard([&] { QFile::remove(fifo); });
+        const QByteArray userFile("[General]\nresellerId=shop\n");
+        QVERIFY(QDir().mkpath(QFileInfo(path).absolutePath()));
+        QFile::remove(path);
+        const auto undo = qScopeGuard([&] {
+            if (fault == "full")
+                QProcess::execute("umount", {QFileInfo(path).absolutePath()});
+            QFile::remove(path);
+        });
+        if (fault == "fifo")
+            QVERIFY(UtilsDllTest::makeFifo(path));
+        else if (!mountFullFileSystem(QFileInfo(path).absolutePath(), path, userFile))
+            QSKIP("a full file system needs root and tmpfs");
 
         QString answer;
         QString storeFolder;
-        const bool returned = UtilsDllTest::returnsWithoutBlocking(fifo, [&] {
+        const bool returned = UtilsDllTest::returnsWithoutBlocking(path, [&] {
             if (file == "preferences") {
-                CStorageLocation::setPreferencesFilePath(fifo);
+                CStorageLocation::setPreferencesFilePath(path);
                 answer = CSettings::getStringFromPreferencesFile("lang", "fallback");
             } else if (file == "defaults") {
                 CTemporarySettings store((folder.path() + "/anchor.exe").toUtf8().constData());
@@ -356,12 +382,16 @@ private slots:
             } else {
                 answer = isFirstLaunch() ? "first launch" : "launched before";
                 setNotFirstLaunch();
+                setResellerID("another");
             }
         });
         QVERIFY2(returned, "the call waited on the FIFO");
         const QString expected = file == "preferences" ? "fallback" : file == "defaults" ? "empty" : "first launch";
         QCOMPARE(answer, expected);
-        QVERIFY(QFileInfo(fifo).exists() && !QFileInfo(fifo).isFile());
+        if (fault == "fifo")
+            QVERIFY(QFileInfo(path).exists() && !QFileInfo(path).isFile());
+        else
+            QCOMPARE(fileText(path).toUtf8(), userFile);
         if (!storeFolder.isEmpty())
             QVERIFY(!QDir(storeFolder).exists());
 #endif
