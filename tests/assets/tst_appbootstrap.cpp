@@ -3,6 +3,7 @@
 #include "TestEnvironment.h"
 #include "TestLogger.h"
 
+#include <QtSql>
 #include <QtWidgets>
 
 #ifdef Q_OS_WIN
@@ -91,6 +92,37 @@ private slots:
         QCOMPARE(QDir(":/calibration/caf").entryList({"*.caf"}, QDir::Files),
                  QStringList({"C35830b_002.caf", "C36841a_000.caf"}));
         QVERIFY(QFileInfo(":/calibration/db/CAFList4.db").size() > 0); // built from its SQL by the build
+    }
+
+    // What a reader of the catalogue must be ready for. SQLite cannot read from the
+    // resources: the file is copied out first.
+    void calibrationCatalogueEdgeCases()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("CAFList4.db");
+        QVERIFY(QFile::copy(":/calibration/db/CAFList4.db", path));
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+        {
+            QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", "catalogue");
+            db.setDatabaseName(path);
+            QVERIFY(db.open());
+            const QList<QPair<QString, QString>> expected = {
+                // One camera under two identifiers: a body id that is not unique.
+                {"SELECT identifier FROM Body WHERE id = 491 ORDER BY identifier", "DJIPhantom4,Phantom4"},
+                // "NULL" is a text standing for no name, which a test for SQL null misses.
+                {"SELECT count(*) FROM Module WHERE lens_name IS NULL", "0"},
+                {"SELECT count(*) FROM Module WHERE lens_name = 'NULL'", "1"},
+            };
+            for (const auto& [sql, rows] : expected) {
+                QSqlQuery query(db);
+                QVERIFY2(query.exec(sql), qPrintable(sql));
+                QStringList found;
+                while (query.next())
+                    found << query.value(0).toString();
+                QCOMPARE(found.join(','), rows);
+            }
+        }
+        QSqlDatabase::removeDatabase("catalogue");
     }
 
     void styleSheets()
