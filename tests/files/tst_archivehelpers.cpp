@@ -62,7 +62,10 @@ bool makeArchive(const QString& path, const QList<Entry>& entries)
     bool written = zip.open(QuaZip::mdCreate);
     for (const Entry& entry : entries) {
         QuaZipNewInfo info(entry.name);
-        info.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
+        // A folder without its execute bits could not be entered by anyone but root.
+        const QFile::Permissions folder =
+            entry.name.endsWith('/') ? QFile::ExeOwner | QFile::ExeGroup : QFile::Permissions();
+        info.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | folder);
         if (entry.symlink)
             info.externalAttr = kUnixSymlinkAttributes;
         const bool stored = entry.stored || entry.damaged;
@@ -120,8 +123,7 @@ QMap<QString, QByteArray> contentBelow(const QString& root)
     return content;
 }
 
-// A file system of 1 MiB at folder, unmounted by the guard; false when this process
-// may not mount one.
+// Mounts a file system of 1 MiB at folder; false when this process may not.
 bool mountTinyFileSystem(const QString& folder)
 {
 #ifdef Q_OS_LINUX
@@ -151,6 +153,7 @@ QByteArray s_watchedArchive, s_swapArchive;
 } // namespace
 
 #ifdef Q_OS_LINUX
+// Every open of the process passes here: the Qt library calls the executable's open64.
 extern "C" __attribute__((visibility("default"))) int open64(const char* path, int flags, ...)
 {
     mode_t mode = 0;
@@ -369,7 +372,7 @@ private slots:
         const QString root = m_base->filePath("fs");
         QVERIFY(QDir().mkpath(root));
         if (tinyFileSystem && !mountTinyFileSystem(root))
-            QSKIP("needs root to mount a 1 MiB tmpfs");
+            QSKIP("cannot mount a 1 MiB tmpfs here (that needs root)");
         const auto unmountLater = qScopeGuard([&] {
             if (tinyFileSystem)
                 unmount(root);
@@ -410,7 +413,7 @@ private slots:
         const QString root = m_base->filePath("fs"), archive = root + "/photos.zip";
         QVERIFY(QDir().mkpath(root));
         if (tinyFileSystem && !mountTinyFileSystem(root))
-            QSKIP("needs root to mount a 1 MiB tmpfs");
+            QSKIP("cannot mount a 1 MiB tmpfs here (that needs root)");
         const auto unmountLater = qScopeGuard([&] {
             if (tinyFileSystem)
                 unmount(root);
