@@ -3,6 +3,7 @@
 #include "AboutDlg_p.h"
 #include "Log.h"
 #include "SharedConstants.h"
+#include "UtilsDllVersion.h"
 #include "platform/ActivationMessages.h"
 #include "ui_AboutDlg.h"
 #include "ui_AboutSorelDlg.h"
@@ -23,8 +24,8 @@ const QString s_licencesFolder = "Licenses";
 // the GUI thread, which reads the first two files and lays out every text.
 const qint64 s_maxLicenceBytes = 512 * 1024;
 const QString s_cutMark = "[...]<br>";
-const int s_versionNumbers[] = {3, 2, 0};
-const int s_buildNumber = 254;
+const int s_versionNumbers[] = {UTILSDLL_VERSION_MAJOR, UTILSDLL_VERSION_MINOR, UTILSDLL_VERSION_PATCH};
+const int s_buildNumber = UTILSDLL_VERSION_BUILD;
 const QString s_homePage = "https://www.vexalabs.example/";
 const QString s_homePageQuery = "?utm_source=Rectivo3&utm_medium=software&utm_content=empty";
 const QString s_copyright = QStringLiteral("\u00A9 2012-2024 Vexa Labs. All rights reserved.");

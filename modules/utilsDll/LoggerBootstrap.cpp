@@ -3,6 +3,7 @@
 #include "Log.h"
 #include "SharedUtils.h"
 #include "platform/ModuleLookup.h"
+#include "UtilsDllVersion.h"
 #include "storageLocation.h"
 
 #include <QCoreApplication>
@@ -48,7 +49,7 @@ char levelLetter(const QString& level)
 void writeLogHeader()
 {
     LOG_D("Current time (UTC): " << QDateTime::currentDateTimeUtc().toString(Qt::ISODate));
-    LOG_D("Vexa Rectivo 3 Version: 3.2.0.254");
+    LOG_D("Vexa Rectivo 3 Version: " UTILSDLL_PRODUCT_VERSION_STRING);
     LOG_D("UID: " << getUserID());
     LOG_D("CE version: 9.1.4.2102231203");
 }
