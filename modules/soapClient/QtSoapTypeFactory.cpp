@@ -21,18 +21,11 @@ QString& factoryErrorText()
     return text.localData();
 }
 
-// The calling thread's last failure of each constructor. Never destroyed: the factory's
-// own constructors are deleted at exit, and take their texts with them.
-using ConstructorErrorTexts = QThreadStorage<QHash<const QtSoapTypeConstructorBase*, QString>>;
-ConstructorErrorTexts& constructorErrorTextStorage()
-{
-    static ConstructorErrorTexts* const texts = new ConstructorErrorTexts;
-    return *texts;
-}
-
+// The calling thread's last failure of each constructor.
 QHash<const QtSoapTypeConstructorBase*, QString>& constructorErrorTexts()
 {
-    return constructorErrorTextStorage().localData();
+    static QThreadStorage<QHash<const QtSoapTypeConstructorBase*, QString>> texts;
+    return texts.localData();
 }
 
 } // namespace
@@ -54,13 +47,7 @@ QtSoapTypeConstructorBase& QtSoapTypeConstructorBase::operator=(const QtSoapType
     return *this;
 }
 
-// So that a later constructor at the same address starts without a text, at least on
-// this thread.
-QtSoapTypeConstructorBase::~QtSoapTypeConstructorBase()
-{
-    if (constructorErrorTextStorage().hasLocalData())
-        constructorErrorTexts().remove(this);
-}
+QtSoapTypeConstructorBase::~QtSoapTypeConstructorBase() = default;
 
 QString QtSoapTypeConstructorBase::threadErrorText(const QtSoapTypeConstructorBase* constructor)
 {
