@@ -1,11 +1,20 @@
 // A stand-in for the logger module, built under the module's file name in a folder of its
 // own: it appends every call to the file named by $UTILSDLL_RECORDING_LOGGER, so that tests
 // see exactly what the library handed over.
-#include "LoggerInterface.h"
-
+//
+// It is built without the library's headers, as a logger module made elsewhere would be:
+// its logger is a class of its own with three virtual functions in the module's slot
+// order (one the library never calls, then initialize, then log) and nothing more. A
+// library that calls through other slots than these records the wrong call or crashes.
 #include <cstdlib>
 #include <fstream>
 #include <string>
+
+#ifdef _WIN32
+#define RECORDING_LOGGER_ENTRY extern "C" __declspec(dllexport)
+#else
+#define RECORDING_LOGGER_ENTRY extern "C" __attribute__((visibility("default")))
+#endif
 
 namespace {
 
@@ -15,15 +24,16 @@ void record(const std::string& line)
         std::ofstream(path, std::ios::app) << line << '\n';
 }
 
-class RecordingLogger : public Vexa::ILoggerInterface
+class RecordingLogger
 {
 public:
-    bool initialize(const std::string& folder, const std::string& logName, char level) override
+    virtual void unused() { record("first slot"); }
+    virtual bool initialize(const std::string& folder, const std::string& logName, char level)
     {
         record("initialize|" + folder + '|' + logName + '|' + std::to_string(static_cast<unsigned char>(level)));
         return true;
     }
-    void log(char level, const char* text) override { record(std::string("log|") + level + '|' + text); }
+    virtual void log(char level, const char* text) { record(std::string("log|") + level + '|' + text); }
 };
 
 struct LoadMarker
@@ -33,7 +43,7 @@ struct LoadMarker
 
 } // namespace
 
-extern "C" __attribute__((visibility("default"))) Vexa::ILoggerInterface* loggerInstance()
+RECORDING_LOGGER_ENTRY void* loggerInstance()
 {
     static RecordingLogger s_logger;
     return &s_logger;
