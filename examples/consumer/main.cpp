@@ -19,6 +19,17 @@ void report(QTextStream& out, const char* step, bool done, const QString& detail
     failures += done ? 0 : 1;
 }
 
+// A singleton of the embedding executable's own, on the library's template.
+class CLaunchCounter : public Singleton<CLaunchCounter>
+{
+public:
+    int launches = 0;
+
+private:
+    friend class Singleton<CLaunchCounter>;
+    CLaunchCounter() = default;
+};
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -37,7 +48,7 @@ int main(int argc, char* argv[])
     CTemporarySettings temporaryStore(QCoreApplication::applicationFilePath().toLocal8Bit().constData());
     Vexa::CSettings::setTemporarySettings(temporaryStore);
     // 3. The logger, as early as possible.
-    Vexa::initLoggerForUtilsDll(nullptr, "consumer.log");
+    const bool logging = Vexa::initLoggerForUtilsDll(nullptr, "consumer.log") != nullptr;
     // 4. The language, then the product's look: style sheets, fonts, logo icon, style.
     Vexa::CLanguageManager::instance()->loadLanguageForApp();
     Vexa::setPredefinedAppStyleSheet(QString(), &app);
@@ -48,6 +59,7 @@ int main(int argc, char* argv[])
     Vexa::setLastLaunchMode(Vexa::LAUNCH_MODE_STANDALONE);
     report(out, "preferences", !Vexa::CStorageLocation::getCurrentPreferencesFilePath().isEmpty(),
            Vexa::CStorageLocation::getCurrentPreferencesFilePath());
+    report(out, "logger", logging);
     report(out, "temporary store", Vexa::CSettings().usingTemporarySettings()
                                        && Vexa::getLastLaunchMode() == Vexa::LAUNCH_MODE_STANDALONE);
     report(out, "language", Vexa::CLanguageManager::instance()->langCount() > 0,
@@ -59,5 +71,7 @@ int main(int argc, char* argv[])
     // recognised by its hints: Qt's own styles answer 256 and the middle button.
     report(out, "style", QApplication::style()->styleHint(QStyle::SH_Menu_SubMenuPopupDelay) == 300
                              && QApplication::style()->styleHint(QStyle::SH_Slider_AbsoluteSetButtons) == Qt::LeftButton);
+    ++CLaunchCounter::instance().launches;
+    report(out, "own singleton", CLaunchCounter::instance().launches == 1);
     return failures == 0 ? 0 : 1;
 }

@@ -1,6 +1,6 @@
 #include "CNativeDialogs.h"
 
-#include "SingletonImpl.h"
+#include "Singleton.h"
 #include "WindowsNativeSelectFolderDialog.h"
 
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "DelayedCall.h"
 
 #include "Log.h"
-#include "SingletonImpl.h"
+#include "Singleton.h"
 
 #include <QByteArray>
 #include <QObject>

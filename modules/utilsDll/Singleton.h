@@ -6,9 +6,12 @@
 // befriending Singleton<T>. The instance is built on the first call, thread-safely,
 // and destroyed at process exit.
 //
-// instance() is defined in SingletonImpl.h, which only the library includes: each
-// exported instantiation then has exactly one static, in the library, instead of a
-// hidden copy in every module that inlined it.
+// Any module may use it for a class of its own: instance() is defined below, and the
+// module that calls it holds the instance. The library's own instantiations
+// (CDelayedCall, CNativeDialogs) are declared extern and exported in their headers, so
+// every module calls the library's instance() and shares its one object, instead of
+// building a copy of its own (as a Windows DLL would do: statics are not shared
+// across DLLs).
 template <class T>
 class Singleton
 {
@@ -22,3 +25,12 @@ protected:
     Singleton() = default;
     ~Singleton() = default;
 };
+
+// Out of the class, so not implicitly inline: an extern declaration keeps callers of
+// the exported instantiations from compiling a copy of it.
+template <class T>
+T& Singleton<T>::instance()
+{
+    static T s_instance;
+    return s_instance;
+}

@@ -1,7 +1,9 @@
+#include "CNativeDialogs.h"
 #include "DelayedCall.h"
 #include "TestEnvironment.h"
 
 #include <QElapsedTimer>
+#include <QLibrary>
 
 #include <atomic>
 #include <thread>
@@ -32,6 +34,19 @@ private:
 };
 
 std::atomic<int> CallTarget::s_allCalls{0};
+
+// A class of this module on the library's template, as an embedding module writes one.
+class CCounter : public Singleton<CCounter>
+{
+public:
+    static int s_constructions;
+
+private:
+    friend class Singleton<CCounter>;
+    CCounter() { ++s_constructions; }
+};
+
+int CCounter::s_constructions = 0;
 
 } // namespace
 
@@ -135,6 +150,23 @@ private slots:
         const int calls = repeating.calls.size();
         QTest::qWait(30);
         QCOMPARE(repeating.calls.size(), calls);
+    }
+
+    // A module's own singleton needs only the public header. The library's exported
+    // instantiations hand out the library's instance, not one of this module's own.
+    void singletons()
+    {
+        QCOMPARE(&CCounter::instance(), &CCounter::instance());
+        QCOMPARE(CCounter::s_constructions, 1);
+
+        QLibrary library(QStringLiteral("UtilsDll"), 3); // already loaded: found by name
+        QVERIFY2(library.load(), qPrintable(library.errorString()));
+        const auto delayedCall = reinterpret_cast<CDelayedCall& (*)()>(library.resolve("_ZN9SingletonI12CDelayedCallE8instanceEv"));
+        const auto nativeDialogs = reinterpret_cast<Vexa::CNativeDialogs& (*)()>(
+            library.resolve("_ZN9SingletonIN4Vexa14CNativeDialogsEE8instanceEv"));
+        QVERIFY(delayedCall && nativeDialogs);
+        QCOMPARE(&CDelayedCall::instance(), &delayedCall());
+        QCOMPARE(&Vexa::CNativeDialogs::instance(), &nativeDialogs());
     }
 };
 
