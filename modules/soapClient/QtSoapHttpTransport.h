@@ -13,7 +13,10 @@ namespace VEXA_NAMESPACE {
 
 // Posts one QtSoapMessage to an HTTP or HTTPS endpoint and delivers the reply by
 // signal. Lives on its owner's thread, whose event loop must run. Every failure
-// arrives as a normal responseReady with a fault in the response.
+// arrives as a normal responseReady with a fault in the response, and so does a reply
+// that the transport refuses: one larger than maximumResponseSize(), one sent
+// compressed, or one not complete within requestDeadline(). The transport may be
+// deleted in a slot connected to either responseReady signal.
 class UTILSDLL_EXPORT QtSoapHttpTransport : public QObject
 {
     Q_OBJECT
@@ -31,11 +34,11 @@ public:
     void submitRequest(QtSoapMessage& request, const QString& path);
 
     const QtSoapMessage& getResponse() const;
-    // There is no timeout here: a server that accepts the connection and never
-    // answers keeps the request waiting. Set one on this manager, for example
-    // networkAccessManager()->setTransferTimeout(30000); a transfer that stalls that
-    // long then ends as a Client transport fault with both signals, as any network
-    // error does.
+    // The timeouts are the deadline below and Qt's transfer timeout on this manager,
+    // for example networkAccessManager()->setTransferTimeout(30000): a transfer that
+    // stalls that long ends as a Client transport fault with both signals, as any
+    // network error does. The manager asks for uncompressed replies ("Accept-Encoding:
+    // identity"); do not change that header on its requests.
     QNetworkAccessManager* networkAccessManager();
     QNetworkReply* networkReply();
 
@@ -47,24 +50,48 @@ public:
     void setParseFaultReplies(bool parse);
     bool parseFaultReplies() const;
 
-signals:
+    // The most bytes a reply's body may bring, 8 MiB unless set. A reply that announces
+    // more (Content-Length) is refused at once, and one that brings more is aborted as
+    // soon as it does; the request ends as a Client fault "Response exceeds the size
+    // limit of N bytes". 0 or less means no limit: only for a server you trust, since
+    // a reply is then held whole in memory however large it grows.
+    void setMaximumResponseSize(qint64 bytes);
+    qint64 maximumResponseSize() const;
+
+    // The longest a request may take from submitRequest to the reply's last byte, in
+    // milliseconds, 300000 (5 minutes) unless set; 0 or less means none. Past it the
+    // reply is aborted and the request ends as a Client fault "Response not complete
+    // within the deadline of N ms". Unlike the transfer timeout, it also ends a server
+    // that keeps the transfer alive with a byte now and then, or with a header that
+    // never ends. Applies to the requests submitted after it is set.
+    void setRequestDeadline(int msecs);
+    int requestDeadline() const;
+
+Q_SIGNALS:
     // Argument types stand unqualified, so that the meta-object names them as callers
     // write them: SIGNAL(responseReady(const QtSoapMessage&)).
     void responseReady();
     void responseReady(const QtSoapMessage& response);
 
-private slots:
+private Q_SLOTS:
     void readResponse(QNetworkReply* reply);
 
 private:
-    bool readFaultReply(QNetworkReply* reply);
+    bool readFaultReply(QNetworkReply* reply, const QByteArray& body);
 
-    QNetworkAccessManager accessManager;
+    // On the heap, so that a transport deleted from a slot of its own signals, while
+    // Qt's reply code is still on the stack, can leave the manager and its replies to
+    // the event loop instead of freeing them under that code.
+    QNetworkAccessManager* accessManager;
     QPointer<QNetworkReply> currentReply;
     QUrl endpoint;
     QString soapAction;
     QtSoapMessage response;
     bool faultRepliesParsed = false;
+    qint64 responseSizeLimit = 8 * 1024 * 1024;
+    int deadlineMsecs = 5 * 60 * 1000;
+    // How many readResponse calls are on the stack.
+    int deliveries = 0;
 };
 
 } // namespace VEXA_NAMESPACE

@@ -1,9 +1,12 @@
-// QtSoapHttpTransport against servers on the loopback: a recording HTTP server in
-// this process and a real SOAP 1.1 service written with spyne.
+// QtSoapHttpTransport against servers on the loopback: a recording and a hostile HTTP
+// server in this process, and a real SOAP 1.1 service written with spyne.
 #include "TestEnvironment.h"
 
+#include "HostileHttpServer.h"
 #include "QtSoapHttpTransport.h"
 
+#include <QElapsedTimer>
+#include <QFile>
 #include <QNetworkReply>
 #include <QProcess>
 #include <QSignalSpy>
@@ -86,6 +89,27 @@ bool call(QtSoapHttpTransport& transport, int port, QtSoapMessage& request, cons
     transport.submitRequest(request, path);
     QSignalSpy(&transport, QOverload<>::of(&QtSoapHttpTransport::responseReady)).wait(15000);
     return events == QLatin1String("pm");
+}
+
+// Starts the process's peak resident memory (VmHWM) anew from what it holds now; Linux
+// only, elsewhere nothing happens.
+void resetPeakMemory()
+{
+    QFile clear(QStringLiteral("/proc/self/clear_refs"));
+    if (clear.open(QIODevice::WriteOnly))
+        clear.write("5");
+}
+
+// The process's peak resident memory in MiB (VmHWM), or -1 where there is no /proc.
+qint64 peakMemoryMiB()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return -1;
+    for (const QByteArray& line : status.readAll().split('\n'))
+        if (line.startsWith("VmHWM:"))
+            return line.mid(6).trimmed().split(' ').first().toLongLong() / 1024;
+    return -1;
 }
 
 // Receives the message as a module of the product does, with the type unqualified.
@@ -182,6 +206,7 @@ private slots:
         QVERIFY2(sent.startsWith("POST /soap/shop HTTP/1.1\r\n"), sent.constData());
         QCOMPARE(header(sent, "Content-Type"), QByteArray("text/xml;charset=utf-8"));
         QCOMPARE(header(sent, "SOAPAction"), QByteArray("urn:shop#getPrice")); // no quotes added
+        QCOMPARE(header(sent, "Accept-Encoding"), QByteArray("identity")); // so that Qt inflates nothing
         QCOMPARE(sent.mid(sent.indexOf("\r\n\r\n") + 4), before.toUtf8()); // UTF-8, no XML declaration
         QCOMPARE(request.toXmlString(0), before);
         const int count = m_server.requests.size();
@@ -310,8 +335,8 @@ private slots:
         QCOMPARE(parts.join(QLatin1Char(',')), expected);
     }
 
-    // There is no timeout of our own; the one set on the manager ends the wait for a
-    // server that accepts the connection and never answers.
+    // The transfer timeout set on the manager ends the wait for a server that accepts
+    // the connection and never answers, well before the deadline.
     void silentServerTimesOut()
     {
         QTcpServer silent;
@@ -324,6 +349,142 @@ private slots:
         QCOMPARE(transport.getResponse().faultCode(), QtSoapMessage::Client);
         QCOMPARE(transport.getResponse().faultString().toString(),
                  QStringLiteral("Network transport error (%1): Operation canceled").arg(QNetworkReply::OperationCanceledError));
+    }
+
+    // Each hostile reply ends, in bounded time and memory, as a Client fault saying why
+    // (an empty text: the reply is read). The peak is the whole process's, so it also
+    // holds what Qt buffered or inflated on its own threads.
+    void hostileReplies_data()
+    {
+        QTest::addColumn<QByteArray>("head");
+        QTest::addColumn<QByteArray>("body");
+        QTest::addColumn<QByteArray>("filler"); // sent without end after the body
+        QTest::addColumn<int>("dripMsecs");
+        QTest::addColumn<qint64>("limit"); // 0: the default
+        QTest::addColumn<int>("deadline"); // 0: the default
+        QTest::addColumn<QString>("fault");
+        const QString tooLarge = QStringLiteral("Response exceeds the size limit of %1 bytes");
+        const QString overDefault = tooLarge.arg(8 * 1024 * 1024);
+        const QString late = QStringLiteral("Response not complete within the deadline of %1 ms");
+        const auto length = [](const QByteArray& body) { return "Content-Length: " + QByteArray::number(body.size()) + "\r\n"; };
+        const QByteArray big = "<e:Envelope xmlns:e=\"http://schemas.xmlsoap.org/soap/envelope/\"><e:Body><r><v>"
+            + QByteArray(9 << 20, 'x') + "</v></r></e:Body></e:Envelope>";
+        const QByteArray small = QByteArray(okEnvelope).replace("#N#", "7");
+        const QByteArray blanks(64 * 1024, ' ');
+        for (const bool gzip : {true, false}) {
+            const QByteArray bomb = HostileHttpServer::compressionBomb(gzip, 1024);
+            const QByteArray name = gzip ? "gzip" : "deflate";
+            QTest::addRow("%s bomb of 1 GiB", name.constData())
+                << HostileHttpServer::replyHead("Content-Encoding: " + name + "\r\n" + length(bomb)) << bomb << QByteArray()
+                << 0 << qint64(0) << 0
+                << QStringLiteral("Response refused: compressed with \"%1\", which was not asked for").arg(QString::fromLatin1(name));
+        }
+        QTest::newRow("endless body") << HostileHttpServer::replyHead("") << QByteArray() << blanks << 0 << qint64(0) << 0
+                                      << overDefault;
+        QTest::newRow("Content-Length of 8 GiB, endless body")
+            << HostileHttpServer::replyHead("Content-Length: 8589934592\r\n") << QByteArray() << blanks << 0 << qint64(0) << 0
+            << overDefault;
+        QTest::newRow("9 MiB envelope") << HostileHttpServer::replyHead("") << big << QByteArray() << 0 << qint64(0) << 0
+                                        << overDefault;
+        QTest::newRow("9 MiB envelope, no limit") << HostileHttpServer::replyHead("") << big << QByteArray() << 0 << qint64(-1)
+                                                  << 0 << QString();
+        QTest::newRow("at a set limit") << HostileHttpServer::replyHead(length(small)) << small << QByteArray() << 0
+                                        << qint64(small.size()) << 0 << QString();
+        QTest::newRow("a byte over a set limit, announced")
+            << HostileHttpServer::replyHead(length(small)) << small << QByteArray() << 0 << qint64(small.size() - 1) << 0
+            << tooLarge.arg(small.size() - 1);
+        QTest::newRow("a byte over a set limit, unannounced")
+            << HostileHttpServer::replyHead("") << small << QByteArray() << 0 << qint64(small.size() - 1) << 0
+            << tooLarge.arg(small.size() - 1);
+        QTest::newRow("drip-fed body") << HostileHttpServer::replyHead(length(small)) << small << QByteArray() << 20
+                                       << qint64(0) << 500 << late.arg(500);
+        QTest::newRow("endless header line") << QByteArray("HTTP/1.1 200 OK\r\nX-Padding: ") << QByteArray()
+                                             << QByteArray(64 * 1024, 'a') << 0 << qint64(0) << 500 << late.arg(500);
+    }
+
+    void hostileReplies()
+    {
+        QFETCH(QByteArray, head);
+        QFETCH(QByteArray, body);
+        QFETCH(QByteArray, filler);
+        QFETCH(int, dripMsecs);
+        QFETCH(qint64, limit);
+        QFETCH(int, deadline);
+        QFETCH(QString, fault);
+        HostileHttpServer server;
+        QVERIFY(server.listen(QHostAddress::LocalHost));
+        server.head = head;
+        server.body = body;
+        server.filler = filler;
+        server.dripMsecs = dripMsecs;
+        body.clear();
+        QTest::qWait(0); // lets the last row's deferred deletions go
+        resetPeakMemory();
+
+        QtSoapHttpTransport transport;
+        QCOMPARE(transport.maximumResponseSize(), qint64(8 * 1024 * 1024));
+        QCOMPARE(transport.requestDeadline(), 300000);
+        if (limit)
+            transport.setMaximumResponseSize(limit);
+        if (deadline)
+            transport.setRequestDeadline(deadline);
+        QtSoapMessage request = methodCall(QStringLiteral("m"));
+        QElapsedTimer clock;
+        clock.start();
+        QVERIFY(call(transport, server.serverPort(), request));
+        const QtSoapMessage& response = transport.getResponse();
+        QVERIFY2(clock.elapsed() < 5000, qPrintable(QStringLiteral("%1 ms: %2").arg(clock.elapsed()).arg(response.faultString().toString())));
+        QCOMPARE(header(server.lastRequest, "Accept-Encoding"), QByteArray("identity"));
+        if (fault.isEmpty()) {
+            QVERIFY2(!response.isFault(), qPrintable(response.faultString().toString()));
+        } else {
+            QCOMPARE(response.faultCode(), QtSoapMessage::Client);
+            QCOMPARE(response.faultString().toString(), fault);
+        }
+        const qint64 peak = peakMemoryMiB();
+        if (peak < 0)
+            QSKIP("no /proc/self/status: the peak memory is not checked here");
+        qInfo("peak resident memory of the process during the request: %lld MiB", peak);
+        QVERIFY2(peak < 250, qPrintable(QString::number(peak)));
+    }
+
+    // A slot that deletes the transport, connected to either signal, on a reply that was
+    // read or one that was refused (whose signals come from inside the abort).
+    void deleteInsideResponseReady_data()
+    {
+        QTest::addColumn<bool>("inMessageSignal");
+        QTest::addColumn<qint64>("limit");
+        QTest::newRow("plain signal") << false << qint64(0);
+        QTest::newRow("message signal") << true << qint64(0);
+        QTest::newRow("plain signal, refused reply") << false << qint64(10);
+    }
+
+    void deleteInsideResponseReady()
+    {
+        QFETCH(bool, inMessageSignal);
+        QFETCH(qint64, limit);
+        const int port = serve(200, okEnvelope);
+        QPointer<QtSoapHttpTransport> transport = new QtSoapHttpTransport;
+        if (limit)
+            transport->setMaximumResponseSize(limit);
+        QString events;
+        QObject context;
+        connect(transport, QOverload<>::of(&QtSoapHttpTransport::responseReady), &context, [&] {
+            events += 'p';
+            if (!inMessageSignal)
+                delete transport;
+        });
+        connect(transport, QOverload<const QtSoapMessage&>::of(&QtSoapHttpTransport::responseReady), &context,
+                [&](const QtSoapMessage& response) {
+                    events += response.isFault() ? 'F' : 'm';
+                    delete transport;
+                });
+        transport->setHost(QStringLiteral("127.0.0.1"), port);
+        QtSoapMessage request = methodCall(QStringLiteral("m"));
+        transport->submitRequest(request, QStringLiteral("/"));
+        QTRY_VERIFY_WITH_TIMEOUT(transport.isNull(), 15000);
+        QTest::qWait(50); // the manager and the reply, left to the event loop, go now
+        QCOMPARE(events, QLatin1String(inMessageSignal ? "pm" : "p"));
     }
 
 private:
