@@ -242,15 +242,9 @@ void CErrStrings::Retranslate()
     m_outOfMemoryData = m_outOfMemory.utf16();
     m_outOfMemoryInPhotoshopData = m_outOfMemoryInPhotoshop.utf16();
     m_unhandledExceptionData = m_unhandledException.utf16();
-
-    m_encodedTitle = VexaPlatform::encodeStopMessageText(m_title.toStdWString());
-    m_encodedSmallFreeSpace = VexaPlatform::encodeStopMessageText(m_smallFreeSpace.toStdWString());
-    m_encodedOutOfMemory = VexaPlatform::encodeStopMessageText(m_outOfMemory.toStdWString());
-    m_encodedOutOfMemoryInPhotoshop = VexaPlatform::encodeStopMessageText(m_outOfMemoryInPhotoshop.toStdWString());
-    m_encodedUnhandledException = VexaPlatform::encodeStopMessageText(m_unhandledException.toStdWString());
 }
 
-void CErrStrings::show(const ushort* text, const std::string& encodedText) const
+void CErrStrings::show(const ushort* text) const
 {
     if (!m_titleData || !text)
         return;
@@ -260,27 +254,27 @@ void CErrStrings::show(const ushort* text, const std::string& encodedText) const
             owner = std::uintptr_t(active->winId());
     }
     VexaPlatform::showStopMessage(owner, reinterpret_cast<const char16_t*>(m_titleData),
-                                  reinterpret_cast<const char16_t*>(text), m_encodedTitle, encodedText);
+                                  reinterpret_cast<const char16_t*>(text));
 }
 
 void CErrStrings::ShowSmallFreeSpaceDialog() const
 {
-    show(m_smallFreeSpaceData, m_encodedSmallFreeSpace);
+    show(m_smallFreeSpaceData);
 }
 
 void CErrStrings::ShowOutOfMemoryDialog() const
 {
-    show(m_outOfMemoryData, m_encodedOutOfMemory);
+    show(m_outOfMemoryData);
 }
 
 void CErrStrings::ShowOutOfMemoryInPhotoshopDialog() const
 {
-    show(m_outOfMemoryInPhotoshopData, m_encodedOutOfMemoryInPhotoshop);
+    show(m_outOfMemoryInPhotoshopData);
 }
 
 void CErrStrings::ShowUnhandledExceptionDialog() const
 {
-    show(m_unhandledExceptionData, m_encodedUnhandledException);
+    show(m_unhandledExceptionData);
 }
 
 } // namespace VEXA_NAMESPACE

@@ -9,7 +9,6 @@
 #include <QScopedPointer>
 
 #include <memory>
-#include <string>
 
 class QHBoxLayout;
 class QPushButton;
@@ -45,7 +44,7 @@ public:
     Q_INVOKABLE void setYesNoMessageWithCheckBox(bool predefinedButtonPressed, bool predefinedCheckBox);
     Q_INVOKABLE void setSaveDiscardCancelMessage(int predefinedValue);
 
-private slots:
+private Q_SLOTS:
     void onButtonClicked();
 
 private:
@@ -92,7 +91,7 @@ public:
 
 private:
     void ClearData();
-    void show(const ushort* text, const std::string& encodedText) const;
+    void show(const ushort* text) const;
 
     QString m_title;
     QString m_smallFreeSpace;
@@ -104,12 +103,6 @@ private:
     const ushort* m_outOfMemoryData = nullptr;
     const ushort* m_outOfMemoryInPhotoshopData = nullptr;
     const ushort* m_unhandledExceptionData = nullptr;
-    // The same texts in the form the system message needs where it is not UTF-16.
-    std::string m_encodedTitle;
-    std::string m_encodedSmallFreeSpace;
-    std::string m_encodedOutOfMemory;
-    std::string m_encodedOutOfMemoryInPhotoshop;
-    std::string m_encodedUnhandledException;
 };
 
 } // namespace VEXA_NAMESPACE

@@ -315,6 +315,8 @@ private slots:
 
     void errorStrings()
     {
+        // Five texts, then their five raw pointers, and nothing more: the class's layout is public.
+        QCOMPARE(sizeof(CErrStrings), 5 * sizeof(QString) + 5 * sizeof(const ushort*));
         UTILSDLL_NEEDS_NATIVE_WINDOWS("the system's message box needs a native owner: the run under the windows plug-in");
         using Show = void (CErrStrings::*)() const;
         const QList<QPair<Show, QString>> shows = {
@@ -340,10 +342,12 @@ private slots:
         // only; without one the whole path stays, then ":\\" follows. Copies keep the prepared
         // texts; Retranslate recomputes them.
         const QString root = UtilsDllTest::IsolatedEnvironment::root();
-        QVERIFY(QDir(root).mkpath("D:Temp/E:inner"));
+        // Beyond ASCII, up to a character outside the basic plane, as Linux writes them in UTF-8.
+        const QString letters = QString::fromUtf8("D\u00E9\u20AC\U0001D11E");
+        QVERIFY(QDir(root).mkpath(letters + ":Temp/E:inner"));
         const QByteArray saved = qgetenv("TMPDIR");
         for (const auto& [folder, drive] :
-             {std::pair{root + "/D:Temp/E:inner", root + "/D:\\"}, std::pair{root, root + ":\\"}}) {
+             {std::pair{root + "/" + letters + ":Temp/E:inner", root + "/" + letters + ":\\"}, std::pair{root, root + ":\\"}}) {
             qputenv("TMPDIR", QFile::encodeName(folder));
             CErrStrings strings;
             qputenv("TMPDIR", saved);

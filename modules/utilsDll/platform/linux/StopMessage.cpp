@@ -1,15 +1,10 @@
 #include "../StopMessage.h"
 
-#include <QString>
+#include <cstddef>
 
 #include <unistd.h>
 
 namespace VexaPlatform {
-
-std::string encodeStopMessageText(const std::wstring& text)
-{
-    return QString::fromStdWString(text).toStdString();
-}
 
 namespace {
 
@@ -24,16 +19,52 @@ void writeToStandardError(const char* data, std::size_t size)
     }
 }
 
+// Writes the UTF-16 text as UTF-8 through a buffer on the stack, so that nothing is
+// allocated. A lone surrogate becomes U+FFFD.
+void writeUtf8(const char16_t* text)
+{
+    char buffer[256];
+    std::size_t used = 0;
+    for (const char16_t* p = text; *p; ++p) {
+        char32_t code = *p;
+        if (code >= 0xD800 && code <= 0xDBFF && p[1] >= 0xDC00 && p[1] <= 0xDFFF) {
+            code = 0x10000 + ((code - 0xD800) << 10) + (p[1] - 0xDC00);
+            ++p;
+        } else if (code >= 0xD800 && code <= 0xDFFF) {
+            code = 0xFFFD;
+        }
+        if (used + 4 > sizeof buffer) {
+            writeToStandardError(buffer, used);
+            used = 0;
+        }
+        if (code < 0x80) {
+            buffer[used++] = char(code);
+        } else if (code < 0x800) {
+            buffer[used++] = char(0xC0 | (code >> 6));
+            buffer[used++] = char(0x80 | (code & 0x3F));
+        } else if (code < 0x10000) {
+            buffer[used++] = char(0xE0 | (code >> 12));
+            buffer[used++] = char(0x80 | ((code >> 6) & 0x3F));
+            buffer[used++] = char(0x80 | (code & 0x3F));
+        } else {
+            buffer[used++] = char(0xF0 | (code >> 18));
+            buffer[used++] = char(0x80 | ((code >> 12) & 0x3F));
+            buffer[used++] = char(0x80 | ((code >> 6) & 0x3F));
+            buffer[used++] = char(0x80 | (code & 0x3F));
+        }
+    }
+    writeToStandardError(buffer, used);
+}
+
 } // namespace
 
-// The desktop has no toolkit-free message box: the prepared texts go to the
-// standard error stream, with no allocation on the way.
-void showStopMessage(std::uintptr_t, const char16_t*, const char16_t*, const std::string& encodedTitle,
-                     const std::string& encodedText)
+// The desktop has no toolkit-free message box: the texts go to the standard error
+// stream as "<title>: <text>" and an end of line.
+void showStopMessage(std::uintptr_t, const char16_t* title, const char16_t* text)
 {
-    writeToStandardError(encodedTitle.data(), encodedTitle.size());
+    writeUtf8(title);
     writeToStandardError(": ", 2);
-    writeToStandardError(encodedText.data(), encodedText.size());
+    writeUtf8(text);
     writeToStandardError("\n", 1);
 }
 

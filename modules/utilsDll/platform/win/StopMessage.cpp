@@ -4,13 +4,7 @@
 
 namespace VexaPlatform {
 
-std::string encodeStopMessageText(const std::wstring&)
-{
-    return std::string();
-}
-
-void showStopMessage(std::uintptr_t ownerWindow, const char16_t* title, const char16_t* text,
-                     const std::string&, const std::string&)
+void showStopMessage(std::uintptr_t ownerWindow, const char16_t* title, const char16_t* text)
 {
     // MB_ICONSTOP | MB_OK: 16.
     MessageBoxW(reinterpret_cast<HWND>(ownerWindow), reinterpret_cast<LPCWSTR>(text),
