@@ -18,7 +18,7 @@ public:
     // For the host's scripting service, which reaches dialogs by name.
     Q_INVOKABLE QString getObjectName() const;
 
-public slots:
+public Q_SLOTS:
     // Connection point of the scripting service; empty by design.
     void sendNotification();
 
@@ -36,7 +36,7 @@ protected:
     // The first-show step shared with dialogs that extend showEvent: centres once.
     void showFirstTime(QShowEvent* event);
 
-private slots:
+private Q_SLOTS:
     void moveToScreenCenter();
 
 private:

@@ -35,7 +35,7 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-public slots:
+public Q_SLOTS:
     void clear();
     void setShowShadow(bool bSet);
     void setAspectRatio(Qt::AspectRatioMode t);

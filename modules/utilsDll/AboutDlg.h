@@ -22,7 +22,7 @@ public:
 protected:
     void showEvent(QShowEvent* event) override;
 
-private slots:
+private Q_SLOTS:
     void addFileContents(const QString& contents);
 
 private:

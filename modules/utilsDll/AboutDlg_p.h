@@ -61,7 +61,7 @@ public:
     // until it has. No text of a file cut short is sent.
     void stopAndWait();
 
-signals:
+Q_SIGNALS:
     void fileRead(const QString& contents);
 
 protected:

@@ -35,7 +35,7 @@ public:
 
     bool isRunning() const;
 
-public slots:
+public Q_SLOTS:
     // A non-zero timeout arms a delayed quit, which nothing discards: it may end a
     // later exec(0) of the same loop object.
     int exec(int nQuitTimeout = 0);

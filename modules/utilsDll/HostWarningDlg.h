@@ -23,7 +23,7 @@ public:
     // True if the Quit button ended the dialog; Try and Escape both mean trying.
     bool hasUserChosenToQuit() const;
 
-private slots:
+private Q_SLOTS:
     void onShowExplanatoryCheckBox(bool show);
     void onQuitClicked();
 

@@ -47,10 +47,10 @@ public:
     // Throws std::invalid_argument for a number outside the table.
     static QString stringFromCodeLanguage(unsigned number);
 
-public slots:
+public Q_SLOTS:
     bool changeLanguage(int index);
 
-signals:
+Q_SIGNALS:
     void languageChanged();
 
 protected:

@@ -28,7 +28,7 @@ protected:
 
     bool isOperationCompleted() const;
 
-protected slots:
+protected Q_SLOTS:
     void onOperationCompleted();
 
 private:
@@ -47,7 +47,7 @@ public:
     // Asked before completion, it reports the misuse and answers false.
     bool isOperationSuccess() const;
 
-private slots:
+private Q_SLOTS:
     void onOperationCompleted(bool success);
 
 private:

@@ -73,11 +73,11 @@ extern template class CRunnableItem<QRunnable>;
 class UTILSDLL_EXPORT CQRunnableItem : public QObject, public CRunnableItem<QRunnable>
 {
     Q_OBJECT
-public slots:
+public Q_SLOTS:
     void run() override;
     void stop();
 
-signals:
+Q_SIGNALS:
     void started();
     void wantsToStop();
     // bStopped is asked after execute has returned and the section has closed.

@@ -34,7 +34,7 @@ public:
     QPixmap standardPixmap(StandardPixmap pixmap, const QStyleOption* option = nullptr,
                            const QWidget* widget = nullptr) const override;
 
-private slots:
+private Q_SLOTS:
     void onNonShiftedButtonDestroy(QObject* object);
     void onNonShiftedButtonObjectNameChanged(const QString& name);
 
