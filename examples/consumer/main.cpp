@@ -9,6 +9,9 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 
+// The installed version header lets an embedder test the version at compile time.
+static_assert(UTILSDLL_VERSION >= UTILSDLL_VERSION_CHECK(3, 2, 0), "UtilsDll 3.2 or later is needed");
+
 namespace {
 
 int failures = 0;
