@@ -41,20 +41,31 @@ QSettings::Format unreadableFormat()
     return format;
 }
 
-// The system store, unless one of its user files (the application's and the
-// organisation's) is there and is not a regular file: then a store that reads as empty
-// and loses what is written, as for any store that cannot be read. The system-wide
-// files are left out: only the administrator can put something in their place.
+// The user files of the system store: the application's and the organisation's. A
+// store in the format above tells where they lie without opening them. QSettings fixes
+// its folders at its first use in the process, so they are looked up once.
+const QStringList& systemStoreUserFiles()
+{
+    static const QStringList files = [] {
+        const QString probe =
+            QSettings(unreadableFormat(), QSettings::UserScope, kOrganisation, kApplication).fileName();
+        const QString nativeSuffix = QStringLiteral(".conf");
+        const int probeSuffixSize = QFileInfo(probe).suffix().size() + 1;
+        return QStringList{probe.chopped(probeSuffixSize) + nativeSuffix, QFileInfo(probe).absolutePath() + nativeSuffix};
+    }();
+    return files;
+}
+
+// The system store, unless one of its user files is there and is not a regular file:
+// then a store that reads as empty and loses what is written, as for any store that
+// cannot be read. The system-wide files are left out: only the administrator can put
+// something in their place.
 QSettings::Format systemStoreFormat()
 {
-    const QString probe =
-        QSettings(unreadableFormat(), QSettings::UserScope, kOrganisation, kApplication).fileName();
-    const QString probeSuffix = '.' + QFileInfo(probe).suffix();
-    const QString nativeSuffix = QStringLiteral(".conf");
-    const QString applicationFile = probe.chopped(probeSuffix.size()) + nativeSuffix;
-    const QString organisationFile = QFileInfo(probe).absolutePath() + nativeSuffix;
-    if (isNeitherAbsentNorRegular(applicationFile) || isNeitherAbsentNorRegular(organisationFile))
-        return unreadableFormat();
+    for (const QString& file : systemStoreUserFiles()) {
+        if (isNeitherAbsentNorRegular(file))
+            return unreadableFormat();
+    }
     return QSettings::NativeFormat;
 }
 
