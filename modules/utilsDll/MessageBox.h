@@ -16,32 +16,49 @@ namespace Ui {
 class CMessageBox;
 }
 
-// The product's modal message dialog, used instead of QMessageBox. Only the static
-// entries create it, on their own stack; each blocks until the user answers.
+/// \file
+/// \brief The product's message boxes and the prepared fatal error messages.
+
+/// \brief The product's modal message dialog, used instead of QMessageBox.
+///
+/// Only the static entries create it, on their own stack; each blocks until the user
+/// answers. GUI thread only. \p text may be rich text; \p height is the dialog's fixed
+/// height in pixels.
 class UTILSDLL_EXPORT CMessageBox : public CBaseDialog
 {
     Q_OBJECT
 public:
     ~CMessageBox() override;
 
+    /// Shows \p text with the information icon and an OK button.
     static void information(QWidget* parent, const QString& text, int height = 165);
+    /// Shows \p text with the alert icon and a Close button.
     static void warning(QWidget* parent, const QString& text, int height = 165);
+    /// Shows \p text with the alert icon and a Close button, as warning() does.
     static void critical(QWidget* parent, const QString& text, int height = 165);
-    // Yes on the Yes button, No for any other ending.
+    /// Asks Yes or No: Yes on the Yes button, No for any other ending.
     static QMessageBox::StandardButton yesNoMessage(QWidget* parent, const QString& text, int height = 165);
-    // True on the Rotate button only.
+    /// Asks Rotate or Cancel: true on the Rotate button only.
     static bool rotateQuestion(QWidget* parent, const QString& text, int height = 165);
-    // Save or Discard on their buttons, Cancel for any other ending.
+    /// Asks "Don't save", Save or Cancel: Save or Discard on their buttons, Cancel for
+    /// any other ending.
     static QMessageBox::StandardButton saveDiscardCancelMessage(QWidget* parent, const QString& text,
                                                                 int height = 165);
-    // Discard on "Quit without saving", Cancel for any other ending.
+    /// Asks "Don't quit" or "Quit without saving": Discard on "Quit without saving",
+    /// Cancel for any other ending.
     static QMessageBox::StandardButton backgroundProcessingCancelMessage(QWidget* parent, const QString& text);
 
-    // Predefined answers of a scripted run, one list per kind of dialog. Stored
-    // only: the static entries always show a real dialog.
+    /// \brief Stores a predefined answer of rotateQuestion() for a scripted run.
+    ///
+    /// The predefined answers are kept in one list per kind of dialog. Stored only: the
+    /// static entries always show a real dialog.
     Q_INVOKABLE void setRotateQuestion(bool predefinedValue);
+    /// Stores a predefined answer of yesNoMessage(); stored only.
     Q_INVOKABLE void setYesNoMessage(bool predefinedButtonPressed);
+    /// Does nothing: the dialog with a check box has no entry here.
     Q_INVOKABLE void setYesNoMessageWithCheckBox(bool predefinedButtonPressed, bool predefinedCheckBox);
+    /// Stores a predefined answer of saveDiscardCancelMessage(): Save, Discard or Cancel
+    /// as a QMessageBox::StandardButton value, anything else refused with an ASSERT line.
     Q_INVOKABLE void setSaveDiscardCancelMessage(int predefinedValue);
 
 private Q_SLOTS:
@@ -71,22 +88,30 @@ private:
 
 namespace VEXA_NAMESPACE {
 
-// The texts of the fatal error messages, prepared ahead of time: showing one
-// creates no string and no widget, so it works with the heap exhausted.
+/// \brief The texts of the fatal error messages, prepared ahead of time.
+///
+/// Showing one creates no string and no widget, so it works with the heap exhausted:
+/// the message is the system's own stop message box, owned by the active window.
 class UTILSDLL_EXPORT CErrStrings
 {
 public:
+    /// Prepares every text in the language in force.
     CErrStrings();
-    // Member by member: the raw pointers stay valid only while the source's strings live.
+    /// Member by member: the raw pointers stay valid only while the source's strings live.
     CErrStrings(const CErrStrings& other) = default;
+    /// Member by member, as the copy constructor.
     CErrStrings& operator=(const CErrStrings& other) = default;
 
-    // Recomputes every text; the host calls it after a change of language.
+    /// Recomputes every text; the host calls it after a change of language.
     void Retranslate();
 
+    /// Shows that the drive of the temporary folder is short of space.
     void ShowSmallFreeSpaceDialog() const;
+    /// Shows that memory ran out and the program will be closed.
     void ShowOutOfMemoryDialog() const;
+    /// Shows that the host ran out of memory and should be closed.
     void ShowOutOfMemoryInPhotoshopDialog() const;
+    /// Shows that an unhandled exception will close the program.
     void ShowUnhandledExceptionDialog() const;
 
 private:
