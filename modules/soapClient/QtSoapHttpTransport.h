@@ -54,7 +54,8 @@ public:
     // more (Content-Length) is refused at once, and one that brings more is aborted as
     // soon as it does; the request ends as a Client fault "Response exceeds the size
     // limit of N bytes". 0 or less means no limit: only for a server you trust, since
-    // a reply is then held whole in memory however large it grows.
+    // a reply is then held whole in memory however large it grows. Like the deadline,
+    // applies to the requests submitted after it is set.
     void setMaximumResponseSize(qint64 bytes);
     qint64 maximumResponseSize() const;
 
