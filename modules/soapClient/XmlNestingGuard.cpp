@@ -148,15 +148,41 @@ QString declaredEncoding(QString head)
     return head.mid(pos + 1, valueEnd - pos - 1);
 }
 
-// The codec the DOM reads 'xml' with: a byte-order mark's, else UTF-8, replaced by
-// the declared encoding when Qt knows it and it is not UTF-8.
+// The MIB number of the encoding the DOM starts reading 'xml' in: by a byte-order
+// mark, or by the first character being '<' in UTF-32 or UTF-16, else UTF-8.
+int initialMib(const QByteArray& xml)
+{
+    const auto byte = [&xml](int i) { return uchar(xml.at(i)); };
+    if (xml.size() >= 4) {
+        if ((byte(0) == 0 && byte(1) == 0 && byte(2) == 0xFE && byte(3) == 0xFF)
+            || (byte(0) == 0xFF && byte(1) == 0xFE && byte(2) == 0 && byte(3) == 0))
+            return 1017; // UTF-32 with a byte-order mark
+        if (byte(0) == '<' && byte(1) == 0 && byte(2) == 0 && byte(3) == 0)
+            return 1019; // UTF-32LE
+        if (byte(0) == 0 && byte(1) == 0 && byte(2) == 0 && byte(3) == '<')
+            return 1018; // UTF-32BE
+    }
+    if (xml.size() >= 2) {
+        if ((byte(0) == 0xFE && byte(1) == 0xFF) || (byte(0) == 0xFF && byte(1) == 0xFE))
+            return 1015; // UTF-16 with a byte-order mark
+        if (byte(0) == '<' && byte(1) == 0)
+            return 1014; // UTF-16LE
+        if (byte(0) == 0 && byte(1) == '<')
+            return 1013; // UTF-16BE
+    }
+    return utf8Mib;
+}
+
+// The codec the DOM reads 'xml' with: the initial one, replaced by the declared
+// encoding when Qt knows it and it differs.
 QTextCodec* documentCodec(const QByteArray& xml)
 {
-    QTextCodec* const initial = QTextCodec::codecForUtfText(xml, QTextCodec::codecForMib(utf8Mib));
+    const int mib = initialMib(xml);
+    QTextCodec* const initial = QTextCodec::codecForMib(mib);
     const QString encoding = declaredEncoding(initial->toUnicode(xml.left(1024)));
     if (!encoding.isEmpty()) {
         QTextCodec* const declared = QTextCodec::codecForName(encoding.toLatin1());
-        if (declared && declared->mibEnum() != utf8Mib)
+        if (declared && declared->mibEnum() != mib)
             return declared;
     }
     return initial;

@@ -11,8 +11,8 @@
 // before the DOM sees the text and refuses those three cases only: whether the
 // document is well-formed is left to the DOM, which reports its own errors.
 //
-// The text is read in the encoding the DOM will read it in (a byte-order mark, else
-// UTF-8, then the encoding declaration), so counts are of decoded markup and not of
+// The text is read in the encoding the DOM will read it in (a byte-order mark, or a
+// first '<' in UTF-16 or UTF-32, else UTF-8; then the encoding declaration), so counts are of decoded markup and not of
 // bytes. The scan only tokenises: it does not check the markup, and where the text
 // is not well-formed it may count more than the DOM would build, never less, since
 // the DOM stops at the first error.

@@ -175,6 +175,10 @@ private slots:
         // Tags in UTF-16 are counted as decoded elements, not as bytes.
         QTest::newRow("600 items, UTF-16LE") << readDataFile("hostile/utf16le-600-items.xml") << true << "struct of 600: 599";
         QTest::newRow("600 items, UTF-16BE") << readDataFile("hostile/utf16be-600-items.xml") << true << "struct of 600: 599";
+        // As the DOM does, a first '<' in UTF-16 stands for a byte-order mark.
+        const QString items = QString::fromLatin1(envelopeWithBody("<m>" + QByteArray("<i>1</i>").repeated(200) + "</m>"));
+        QTest::newRow("200 items, UTF-16 without a byte-order mark")
+            << QByteArray(reinterpret_cast<const char*>(items.utf16()), items.size() * 2) << true << "string of 0: 1";
         // Plain markup: a thousand levels overflow a 1 MB stack in Qt's own DOM parser.
         const QString tooDeep = parseError + "elements nested deeper than 100 levels at line 2, column 367";
         QTest::newRow("100 levels") << readDataFile("hostile/nesting-100.xml") << true << "struct of 1: ";
