@@ -15,6 +15,15 @@ stamp=$prefix/.complete
 
 step() { printf '== windows-sdk: %s\n' "$*"; }
 
+# Two runs at once (two clones on one machine) would build into the same folders: the
+# second waits for the first, and then finds the SDK complete.
+mkdir -p "$sdk"
+exec {lock}> "$sdk/.lock"
+if ! flock -n "$lock"; then
+    step "another run is building the SDK in $sdk: waiting for it"
+    flock "$lock"
+fi
+
 if [[ -f $stamp ]]; then
     step "complete in $prefix, nothing to do"
     exit 0
