@@ -2,22 +2,30 @@
 
 #include "UtilsDllGlobal.h"
 
+/// \file
+/// \brief The counted pointer of SOAP value trees.
+
 namespace VEXA_NAMESPACE {
 
-// Counted pointer holding every item of a SOAP value tree. Copies of a tree share
-// their items through it. The count is a plain int on purpose: a tree and all its
-// copies belong to one thread at a time.
+/// \brief Counted pointer holding every item of a SOAP value tree.
+///
+/// Copies of a tree share their items through it; the last pointer deletes the item.
+/// The count is a plain int on purpose: a tree and all its copies belong to one thread
+/// at a time.
+/// \tparam T the item's class, QtSoapType.
 template <class T>
 class QtSmartPtr
 {
 public:
-    // A null item is allowed: the type factory returns one to mean failure.
+    /// Owns \p item from now on. A null item is allowed: the type factory returns one
+    /// to mean failure.
     QtSmartPtr(T* item = nullptr)
         : count(new int(1))
         , item(item)
     {
     }
 
+    /// Shares the item of \p copy.
     QtSmartPtr(const QtSmartPtr& copy)
         : count(copy.count)
         , item(copy.item)
@@ -25,8 +33,10 @@ public:
         retain();
     }
 
+    /// Deletes the item when this was its last pointer.
     ~QtSmartPtr() { release(); }
 
+    /// Lets go of the own item, then shares the item of \p copy.
     QtSmartPtr& operator=(const QtSmartPtr& copy)
     {
         if (this == &copy)
@@ -38,9 +48,13 @@ public:
         return *this;
     }
 
+    /// The item; it must not be null.
     T& operator*() const { return *item; }
+    /// The item, for member access.
     T* operator->() const { return item; }
+    /// The item as a plain pointer, still owned here.
     operator T*() const { return item; }
+    /// The item as a plain pointer, still owned here.
     T* ptr() const { return item; }
 
 private:
