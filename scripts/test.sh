@@ -36,6 +36,14 @@ consumer() {
     echo "consumer: built with pkg-config and ran against the installed package"
 }
 
+# The reference documentation from the public headers: any Doxygen warning (an
+# undocumented public class or function, a broken reference) fails it. A folder of its
+# own, configured without tests: the target compiles nothing.
+documentation() {
+    configureAndBuild "$build-docs" -DBUILD_TESTING=OFF -DUTILSDLL_BUILD_SHOWCASE=OFF \
+        -DUTILSDLL_BUILD_DOCS=ON -- --target docs
+}
+
 # The concurrency stress test once more under ThreadSanitizer, in a build of its own
 # that makes only what that test needs. The test carries its own TSAN_OPTIONS.
 threadSanitizer() {
@@ -57,6 +65,7 @@ addressSanitizer() {
 
 stage build plainBuild
 stage consumer consumer
+stage docs documentation
 stage suite runSuite "$build"
 stage thread-sanitizer threadSanitizer
 stage address-sanitizer addressSanitizer
