@@ -3,9 +3,9 @@
 // see exactly what the library handed over.
 //
 // It is built without the library's headers, as a logger module made elsewhere would be:
-// its logger is a class of its own with three virtual functions in the module's slot
-// order (one the library never calls, then initialize, then log) and nothing more. A
-// library that calls through other slots than these records the wrong call or crashes.
+// it declares the interface itself, by the module's slot order only (one function the
+// library never calls, then initialize, then log), with no virtual destructor. A library
+// that calls through other slots than these records the wrong call or crashes.
 #include <cstdlib>
 #include <fstream>
 #include <string>
@@ -16,6 +16,19 @@
 #define RECORDING_LOGGER_ENTRY extern "C" __attribute__((visibility("default")))
 #endif
 
+// Under the library's name, as the sanitizers' check of a call's dynamic type goes by name.
+namespace Vexa {
+
+class ILoggerInterface
+{
+public:
+    virtual void unused() = 0;
+    virtual bool initialize(const std::string& folder, const std::string& logName, char level) = 0;
+    virtual void log(char level, const char* text) = 0;
+};
+
+} // namespace Vexa
+
 namespace {
 
 void record(const std::string& line)
@@ -24,16 +37,16 @@ void record(const std::string& line)
         std::ofstream(path, std::ios::app) << line << '\n';
 }
 
-class RecordingLogger
+class RecordingLogger : public Vexa::ILoggerInterface
 {
 public:
-    virtual void unused() { record("first slot"); }
-    virtual bool initialize(const std::string& folder, const std::string& logName, char level)
+    void unused() override { record("first slot"); }
+    bool initialize(const std::string& folder, const std::string& logName, char level) override
     {
         record("initialize|" + folder + '|' + logName + '|' + std::to_string(static_cast<unsigned char>(level)));
         return true;
     }
-    virtual void log(char level, const char* text) { record(std::string("log|") + level + '|' + text); }
+    void log(char level, const char* text) override { record(std::string("log|") + level + '|' + text); }
 };
 
 struct LoadMarker
@@ -43,7 +56,7 @@ struct LoadMarker
 
 } // namespace
 
-RECORDING_LOGGER_ENTRY void* loggerInstance()
+RECORDING_LOGGER_ENTRY Vexa::ILoggerInterface* loggerInstance()
 {
     static RecordingLogger s_logger;
     return &s_logger;
