@@ -2,10 +2,11 @@
 # header that includes them all, and a CMake package for find_package(UtilsDll).
 include(CMakePackageConfigHelpers)
 
-get_property(_headers GLOBAL PROPERTY UTILSDLL_PUBLIC_HEADERS)
-set(_umbrella "${CMAKE_BINARY_DIR}/include/UtilsDll/UtilsDll.h")
+# Included where the library is made (modules/CMakeLists.txt), which lists its public
+# headers in UTILSDLL_PUBLIC_HEADERS.
+set(_umbrella "${UTILSDLL_GENERATED_HEADERS}/UtilsDll.h")
 set(_content "// Generated: includes every public header of UtilsDll.\n#pragma once\n\n")
-foreach(header IN LISTS _headers)
+foreach(header IN LISTS UTILSDLL_PUBLIC_HEADERS)
     get_filename_component(name "${header}" NAME)
     string(APPEND _content "#include \"${name}\"\n")
 endforeach()
@@ -13,14 +14,14 @@ file(GENERATE OUTPUT "${_umbrella}" CONTENT "${_content}")
 
 target_include_directories(UtilsDll PUBLIC
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>
-    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/UtilsDll>
-    $<BUILD_INTERFACE:${CMAKE_BINARY_DIR}/include>)
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/UtilsDll>)
 
 install(TARGETS UtilsDll EXPORT UtilsDllTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-install(FILES ${_headers} "${_umbrella}" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/UtilsDll)
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    PUBLIC_HEADER DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/UtilsDll)
+install(FILES "${_umbrella}" DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/UtilsDll)
 
 set(_cmakedir ${CMAKE_INSTALL_LIBDIR}/cmake/UtilsDll)
 install(EXPORT UtilsDllTargets NAMESPACE UtilsDll:: DESTINATION ${_cmakedir})

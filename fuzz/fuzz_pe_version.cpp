@@ -1,6 +1,6 @@
 // Arbitrary bytes as an executable image: the reader must answer without reading
 // outside them. Seed it with tests/files/data/*.exe.
-#include "PeVersionReader.h"
+#include "PeVersionReader_p.h"
 
 #include <cstddef>
 #include <cstdint>

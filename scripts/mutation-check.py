@@ -121,7 +121,7 @@ def first_failure(output):
     return ""
 
 
-def main():
+def parse_arguments():
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n")[0])
     parser.add_argument("--build", default=os.path.join(ROOT, "build"), help="configured build folder")
     parser.add_argument("--faults", default=DEFAULT_FAULTS, help="fault list (JSON)")
@@ -134,14 +134,126 @@ def main():
     parser.add_argument("--second-build", help="another version of the tests, loading this build's library")
     parser.add_argument("--second-output", help="file for the second version's lines")
     parser.add_argument("--second-filter", default="", help="faults the second version is asked about")
-    args = parser.parse_args()
+    return parser.parse_args()
 
+
+def list_faults(faults):
+    for fault in faults:
+        print("%-5s %-22s %-48s %s" % (fault["id"], ",".join(fault["labels"]), fault["file"], fault["what"]))
+    print("%d faults" % len(faults))
+
+
+def new_counts():
+    return {"killed": 0, "survived": 0, "not-applicable": 0, "build-failed": 0}
+
+
+def time_limits(build_dir, faults, jobs, out):
+    """Runs every label the faults name on the unchanged tree, which must pass; four
+    times its time bounds the mutated runs, so that a fault that makes a test hang
+    counts as caught without waiting for CTest's own limit."""
+    limits = {}
+    for labels in sorted({tuple(fault["labels"]) for fault in faults}):
+        passed, _, seconds, output = ctest(build_dir, labels, jobs, None)
+        if not passed:  # once more, in case a busy machine made a timing test miss
+            passed, _, seconds, output = ctest(build_dir, labels, jobs, None)
+        if not passed:
+            print(output[-3000:])
+            sys.exit("label(s) %s fail unchanged in %s" % (",".join(labels), build_dir))
+        limits[labels] = max(120.0, 4 * seconds)
+        print("# unchanged %-22s passes in %.0f s" % (",".join(labels), seconds), file=out, flush=True)
+    return limits
+
+
+class SecondBuild:
+    """Another version of the tests, asked about the same compiled faults."""
+
+    def __init__(self, args, faults):
+        self.dir = os.path.abspath(args.second_build)
+        self.filter = args.second_filter
+        self.out = open(args.second_output or os.devnull, "w", encoding="utf-8")
+        self.counts = new_counts()
+        self.jobs = args.jobs
+        self.limits = time_limits(self.dir, [f for f in faults if selected(f, self.filter)], args.jobs, self.out)
+
+    def asks_about(self, fault):
+        return selected(fault, self.filter)
+
+    def record(self, fault, result, seconds=0.0, detail=""):
+        self.counts[result] += 1
+        print(fault_line(fault, result, seconds, detail), file=self.out, flush=True)
+
+    def test(self, fault):
+        started = time.time()
+        passed, timed_out, _, output = ctest(self.dir, fault["labels"], self.jobs,
+                                             self.limits[tuple(fault["labels"])])
+        self.record(fault, "survived" if passed else "killed", time.time() - started,
+                    "hang" if timed_out else first_failure(output))
+
+
+class AppliedFault:
+    """The fault written into its file, and the file put back on leaving, also on an
+    interruption; the pending file lets the next run restore it after a hard kill."""
+
+    def __init__(self, path, text, fault, pending_path):
+        self.path, self.text, self.fault, self.pending_path = path, text, fault, pending_path
+
+    def __enter__(self):
+        with open(self.pending_path, "w", encoding="utf-8") as stream:
+            json.dump({"file": self.path, "text": self.text}, stream)
+        self.write(self.text.replace(self.fault["original"], self.fault["replacement"], 1))
+
+    def __exit__(self, *exception):
+        self.write(self.text)
+        os.remove(self.pending_path)
+
+    def write(self, text):
+        with open(self.path, "w", encoding="utf-8", newline="") as stream:
+            stream.write(text)
+
+
+def try_fault(fault, args, build_dir, limits, second):
+    """Applies, builds and tests one fault; returns its result and a detail."""
+    path = os.path.join(ROOT, fault["file"])
+    with open(path, encoding="utf-8", newline="") as stream:
+        text = stream.read()
+    if text.count(fault["original"]) != 1:  # gone, or no longer says which place
+        return "not-applicable", ""
+    with AppliedFault(path, text, fault, os.path.join(build_dir, PENDING)):
+        built, output = build(build_dir, args.jobs)
+        if not built:
+            return "build-failed", ""
+        passed, timed_out, _, output = ctest(build_dir, fault["labels"], args.jobs,
+                                             limits[tuple(fault["labels"])])
+        if second and second.asks_about(fault):
+            second.test(fault)
+        if args.verbose and passed:
+            print(output[-4000:])
+        return ("survived" if passed else "killed"), ("hang" if timed_out else first_failure(output))
+
+
+def check_faults(faults, args, build_dir, limits, second):
+    counts = new_counts()
+    try:
+        for fault in faults:
+            started = time.time()
+            result, detail = try_fault(fault, args, build_dir, limits, second)
+            counts[result] += 1
+            if second and result in ("not-applicable", "build-failed") and second.asks_about(fault):
+                second.record(fault, result)
+            print(fault_line(fault, result, time.time() - started, detail), flush=True)
+    except Interrupted:
+        print("interrupted; the source file is restored", flush=True)
+    finally:
+        build(build_dir, args.jobs)  # leaves the build matching the restored sources
+    return counts
+
+
+def main():
+    args = parse_arguments()
     faults = [fault for fault in load_faults(args.faults) if selected(fault, args.filter)]
     TARGETS.extend(args.target)
     if args.list:
-        for fault in faults:
-            print("%-5s %-22s %-48s %s" % (fault["id"], ",".join(fault["labels"]), fault["file"], fault["what"]))
-        print("%d faults" % len(faults))
+        list_faults(faults)
         return 0
     if not faults:
         sys.exit("no fault matches '%s'" % args.filter)
@@ -158,91 +270,15 @@ def main():
     if not ok:
         print(output[-3000:])
         sys.exit("the unchanged tree does not build")
-    # Every label must pass unchanged; its time bounds the mutated runs, so that a
-    # fault that makes a test hang counts as caught without waiting for CTest's limit.
-    limits = {}
-    for labels in sorted({tuple(fault["labels"]) for fault in faults}):
-        passed, _, seconds, output = ctest(build_dir, labels, args.jobs, None)
-        if not passed:  # once more, in case a busy machine made a timing test miss
-            passed, _, seconds, output = ctest(build_dir, labels, args.jobs, None)
-        if not passed:
-            print(output[-3000:])
-            sys.exit("label(s) %s fail on the unchanged tree" % ",".join(labels))
-        limits[labels] = max(120.0, 4 * seconds)
-        print("# unchanged %-22s passes in %.0f s" % (",".join(labels), seconds), flush=True)
+    limits = time_limits(build_dir, faults, args.jobs, sys.stdout)
+    second = SecondBuild(args, faults) if args.second_build else None
 
-    second = None
-    if args.second_build:
-        second = {"dir": os.path.abspath(args.second_build), "limits": {},
-                  "out": open(args.second_output or os.devnull, "w", encoding="utf-8"),
-                  "counts": {"killed": 0, "survived": 0, "not-applicable": 0, "build-failed": 0}}
-        for labels in sorted({tuple(f["labels"]) for f in faults if selected(f, args.second_filter)}):
-            passed, _, seconds, output = ctest(second["dir"], labels, args.jobs, None)
-            if not passed:
-                passed, _, seconds, output = ctest(second["dir"], labels, args.jobs, None)
-            if not passed:
-                print(output[-3000:])
-                sys.exit("label(s) %s fail unchanged in %s" % (",".join(labels), second["dir"]))
-            second["limits"][labels] = max(120.0, 4 * seconds)
-            line = "# unchanged %-22s passes in %.0f s" % (",".join(labels), seconds)
-            print(line, file=second["out"], flush=True)
-
-    counts = {"killed": 0, "survived": 0, "not-applicable": 0, "build-failed": 0}
-    pending_path = os.path.join(build_dir, PENDING)
-    try:
-        for fault in faults:
-            path = os.path.join(ROOT, fault["file"])
-            with open(path, encoding="utf-8", newline="") as stream:
-                text = stream.read()
-            seconds_start = time.time()
-            detail = ""
-            if text.count(fault["original"]) != 1:  # gone, or no longer says which place
-                result = "not-applicable"
-            else:
-                with open(pending_path, "w", encoding="utf-8") as stream:
-                    json.dump({"file": path, "text": text}, stream)
-                try:
-                    with open(path, "w", encoding="utf-8", newline="") as stream:
-                        stream.write(text.replace(fault["original"], fault["replacement"], 1))
-                    built, output = build(build_dir, args.jobs)
-                    if not built:
-                        result = "build-failed"
-                    else:
-                        passed, timed_out, _, output = ctest(build_dir, fault["labels"], args.jobs,
-                                                             limits[tuple(fault["labels"])])
-                        result = "survived" if passed else "killed"
-                        detail = "hang" if timed_out else first_failure(output)
-                        if second and selected(fault, args.second_filter):
-                            started_second = time.time()
-                            passed2, timed_out2, _, output2 = ctest(
-                                second["dir"], fault["labels"], args.jobs, second["limits"][tuple(fault["labels"])])
-                            result2 = "survived" if passed2 else "killed"
-                            second["counts"][result2] += 1
-                            print(fault_line(fault, result2, time.time() - started_second,
-                                             "hang" if timed_out2 else first_failure(output2)),
-                                  file=second["out"], flush=True)
-                    if args.verbose and result != "killed":
-                        print(output[-4000:])
-                finally:
-                    with open(path, "w", encoding="utf-8", newline="") as stream:
-                        stream.write(text)
-                    os.remove(pending_path)
-            counts[result] += 1
-            if second and result != "killed" and result != "survived" and selected(fault, args.second_filter):
-                second["counts"][result] += 1
-                print(fault_line(fault, result, 0, ""), file=second["out"], flush=True)
-            print(fault_line(fault, result, time.time() - seconds_start, detail), flush=True)
-    except Interrupted:
-        print("interrupted; the source file is restored", flush=True)
-    finally:
-        # Leaves the build matching the restored sources.
-        build(build_dir, args.jobs)
-
+    counts = check_faults(faults, args, build_dir, limits, second)
     minutes = (time.time() - started) / 60
     print_summary(counts, minutes, sys.stdout)
     if second:
-        print_summary(second["counts"], minutes, second["out"])
-        second["out"].close()
+        print_summary(second.counts, minutes, second.out)
+        second.out.close()
     return 0
 
 

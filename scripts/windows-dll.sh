@@ -38,7 +38,7 @@ trap stopAll EXIT
 # The SOAP interop tests call the spyne service, which runs on the Linux side; it
 # serves as long as its input stays open.
 mkfifo "$scratch/spyne.in"
-/usr/bin/python3 "$root/tests/soapClient/spyne_server.py" < "$scratch/spyne.in" > "$scratch/spyne.out" &
+/usr/bin/python3 "$root/tests/soap/spyne_server.py" < "$scratch/spyne.in" > "$scratch/spyne.out" &
 spyne=$!
 exec {spyneInput}> "$scratch/spyne.in"
 for _ in $(seq 600); do

@@ -4,15 +4,11 @@
 # profile and known folders of its own, as each Linux test gets its own HOME.
 # The test command of the Windows build (its CMAKE_CROSSCOMPILING_EMULATOR).
 set -euo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 template=${UTILSDLL_WINE_TEMPLATE:?"the prepared Wine prefix"}
 export WINEPREFIX
 WINEPREFIX=$(mktemp -d "${TMPDIR:-/tmp}/utilsdll-wineprefix.XXXXXX")
-stopWine() {
-    wineserver -k > /dev/null 2>&1 || true
-    wineserver -w > /dev/null 2>&1 || true
-    rm -rf "$WINEPREFIX"
-}
-trap stopWine EXIT
+trap 'stopWine; rm -rf "$WINEPREFIX"' EXIT
 # A prefix is hundreds of megabytes, nearly all of it Wine's own DLLs that no test
 # writes: the copy links the files, and copies only the registry, which Wine rewrites.
 cp -al "$template/." "$WINEPREFIX/"
@@ -27,9 +23,6 @@ cp --remove-destination "$template"/*.reg "$WINEPREFIX/"
         printf '"%s"="%s"\n' "$name" "${value//\"/\\\"}"
     done
 } > "$WINEPREFIX/qt-environment.reg"
-# The server and Wine's own processes start away from the caller's pipes, which they
-# would otherwise keep open (CTest waits for them).
-wineserver -p < /dev/null > /dev/null 2>&1
-wine cmd /c exit < /dev/null > /dev/null 2>&1
+startWine
 wine regedit /S "$(winepath -w "$WINEPREFIX/qt-environment.reg" 2> /dev/null)" < /dev/null > /dev/null 2>&1
 wine "$@"

@@ -1,7 +1,7 @@
 #include "CNativeDialogs.h"
 
 #include "Singleton.h"
-#include "WindowsNativeSelectFolderDialog.h"
+#include "WindowsNativeSelectFolderDialog_p.h"
 
 #include <QDir>
 #include <QWidget>

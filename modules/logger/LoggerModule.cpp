@@ -1,4 +1,4 @@
-#include "LoggerModule.h"
+#include "LoggerModule_p.h"
 
 #include <spdlog/sinks/basic_file_sink.h>
 #include <spdlog/spdlog.h>

@@ -1,7 +1,7 @@
 #include "QtSoapArray.h"
 
 #include "QtSoapTypeFactory.h"
-#include "SoapNames.h"
+#include "SoapNames_p.h"
 
 #include <QStringList>
 

@@ -1,8 +1,8 @@
 #include "QtSoapMessage.h"
 
 #include "QtSoapNamespaces.h"
-#include "SoapNames.h"
-#include "XmlNestingGuard.h"
+#include "SoapNames_p.h"
+#include "XmlNestingGuard_p.h"
 
 #include <QDomImplementation>
 

@@ -1,6 +1,6 @@
 #include "QtSoapNamespaces.h"
 
-#include "SoapNames.h"
+#include "SoapNames_p.h"
 
 #include <atomic>
 

@@ -1,7 +1,7 @@
 #include "QtSoapStruct.h"
 
 #include "QtSoapTypeFactory.h"
-#include "SoapNames.h"
+#include "SoapNames_p.h"
 
 namespace VEXA_NAMESPACE {
 

@@ -1,6 +1,6 @@
 #include "QtSoapType.h"
 
-#include "SoapNames.h"
+#include "SoapNames_p.h"
 
 #include <QtGlobal>
 

@@ -1,6 +1,6 @@
 #include "QtSoapTypeFactory.h"
 
-#include "SoapNames.h"
+#include "SoapNames_p.h"
 
 #include <QThreadStorage>
 

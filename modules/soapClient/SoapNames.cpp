@@ -1,4 +1,4 @@
-#include "SoapNames.h"
+#include "SoapNames_p.h"
 
 #include "QtSoapNamespaces.h"
 

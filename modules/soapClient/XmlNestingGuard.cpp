@@ -1,4 +1,4 @@
-#include "XmlNestingGuard.h"
+#include "XmlNestingGuard_p.h"
 
 #include <QTextCodec>
 

@@ -1,7 +1,7 @@
 #include "storageLocation.h"
 
 #include "Log.h"
-#include "platform/KnownFolders.h"
+#include "platform/KnownFolders_p.h"
 
 #include <QCoreApplication>
 #include <QDir>

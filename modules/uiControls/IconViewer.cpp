@@ -1,6 +1,6 @@
-#include "IconViewer.h"
+#include "IconViewer_p.h"
 
-#include "ImageHolders.h"
+#include "ImageHolders_p.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -1,4 +1,4 @@
-#include "ImageHolders.h"
+#include "ImageHolders_p.h"
 
 #include "Log.h"
 

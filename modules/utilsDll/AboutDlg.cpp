@@ -4,7 +4,7 @@
 #include "Log.h"
 #include "SharedConstants.h"
 #include "UtilsDllVersion.h"
-#include "platform/ActivationMessages.h"
+#include "platform/ActivationMessages_p.h"
 #include "ui_AboutDlg.h"
 #include "ui_AboutSorelDlg.h"
 

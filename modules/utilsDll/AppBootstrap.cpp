@@ -3,9 +3,9 @@
 #include "Log.h"
 #include "Settings.h"
 #include "SharedConstants.h"
-#include "platform/ModuleFile.h"
-#include "platform/ModuleLookup.h"
-#include "platform/WindowMenu.h"
+#include "platform/ModuleFile_p.h"
+#include "platform/ModuleLookup_p.h"
+#include "platform/WindowMenu_p.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,7 +1,7 @@
 #include "FileManagement.h"
 
 #include "Log.h"
-#include "platform/FileManagement.h"
+#include "platform/FileManagement_p.h"
 
 #include <QStorageInfo>
 

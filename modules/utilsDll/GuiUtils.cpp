@@ -1,7 +1,7 @@
 #include "GuiUtils.h"
 
 #include "Log.h"
-#include "platform/ScreenMetrics.h"
+#include "platform/ScreenMetrics_p.h"
 
 #include <QApplication>
 #include <QDesktopWidget>

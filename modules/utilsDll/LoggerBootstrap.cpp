@@ -2,7 +2,7 @@
 
 #include "Log.h"
 #include "SharedUtils.h"
-#include "platform/ModuleLookup.h"
+#include "platform/ModuleLookup_p.h"
 #include "UtilsDllVersion.h"
 #include "storageLocation.h"
 

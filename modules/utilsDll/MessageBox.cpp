@@ -1,7 +1,7 @@
 #include "MessageBox.h"
 
 #include "Log.h"
-#include "platform/StopMessage.h"
+#include "platform/StopMessage_p.h"
 #include "ui_MessageBox.h"
 
 #include <QApplication>

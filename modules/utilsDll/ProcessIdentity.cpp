@@ -1,6 +1,6 @@
 #include "ProcessIdentity.h"
 
-#include "platform/ProcessIdentity.h"
+#include "platform/ProcessIdentity_p.h"
 
 namespace UtilsDll {
 

@@ -1,7 +1,7 @@
 #include "SharedUtils.h"
 
 #include "Settings.h"
-#include "platform/MakerStore.h"
+#include "platform/MakerStore_p.h"
 
 #include <QSettings>
 #include <QUuid>

@@ -1,7 +1,7 @@
 // The shell delete and the rename through the real Win32 calls of the seam. The known
 // folders and the module lookup are checked through the library by the storage location
 // and plug-in folder tests of the Windows suite.
-#include "platform/FileManagement.h"
+#include "platform/FileManagement_p.h"
 
 #include <windows.h>
 

@@ -1,6 +1,6 @@
 #include "FileManagement.h"
 #ifndef Q_OS_WIN
-#include "RenameNoReplace.h"
+#include "RenameNoReplace_p.h"
 #endif
 #include "FileTestHelpers.h"
 #include "TestEnvironment.h"

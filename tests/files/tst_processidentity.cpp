@@ -4,8 +4,8 @@
 #include "TestEnvironment.h"
 
 #include "PeSamples.h"
-#include "PeVersionReader.h"
-#include "platform/ProcessIdentity.h"
+#include "PeVersionReader_p.h"
+#include "platform/ProcessIdentity_p.h"
 
 #include <QCoreApplication>
 #include <QDir>

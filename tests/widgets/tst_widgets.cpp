@@ -2,7 +2,7 @@
 #include "TestLogger.h"
 
 #include "GuiUtils.h"
-#include "IconViewer.h"
+#include "IconViewer_p.h"
 #include "ToolDrawing.h"
 #include "customvexaappstyle.h"
 

@@ -1,4 +1,4 @@
-#include "../../WindowsNativeSelectFolderDialog.h"
+#include "../../WindowsNativeSelectFolderDialog_p.h"
 
 #include <windows.h>
 #include <objbase.h>

@@ -1,4 +1,4 @@
-#include "../ActivationMessages.h"
+#include "../ActivationMessages_p.h"
 
 namespace VexaPlatform {
 

@@ -1,5 +1,5 @@
-#include "../FileManagement.h"
-#include "RenameNoReplace.h"
+#include "../FileManagement_p.h"
+#include "RenameNoReplace_p.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

@@ -1,5 +1,5 @@
-#include "../KnownFolders.h"
-#include "XdgBaseDirs.h"
+#include "../KnownFolders_p.h"
+#include "XdgBaseDirs_p.h"
 
 #include <QDir>
 #include <QStandardPaths>

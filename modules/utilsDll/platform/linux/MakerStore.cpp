@@ -1,5 +1,5 @@
-#include "../MakerStore.h"
-#include "XdgBaseDirs.h"
+#include "../MakerStore_p.h"
+#include "XdgBaseDirs_p.h"
 
 namespace VexaPlatform {
 

@@ -1,4 +1,4 @@
-#include "../ModuleFile.h"
+#include "../ModuleFile_p.h"
 
 #include <QFileInfo>
 #include <QString>

@@ -1,4 +1,4 @@
-#include "../ModuleLookup.h"
+#include "../ModuleLookup_p.h"
 
 #include <QFileInfo>
 #include <QString>

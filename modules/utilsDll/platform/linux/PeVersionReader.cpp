@@ -1,4 +1,4 @@
-#include "PeVersionReader.h"
+#include "PeVersionReader_p.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,5 +1,5 @@
-#include "../ProcessIdentity.h"
-#include "PeVersionReader.h"
+#include "../ProcessIdentity_p.h"
+#include "PeVersionReader_p.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "RenameNoReplace.h"
+#include "RenameNoReplace_p.h"
 
 #include <QFile>
 #include <QFileInfo>

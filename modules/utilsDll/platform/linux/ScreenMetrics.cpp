@@ -1,4 +1,4 @@
-#include "../ScreenMetrics.h"
+#include "../ScreenMetrics_p.h"
 
 #include <QGuiApplication>
 #include <QScreen>

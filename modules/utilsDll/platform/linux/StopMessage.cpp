@@ -1,4 +1,4 @@
-#include "../StopMessage.h"
+#include "../StopMessage_p.h"
 
 #include <cstddef>
 

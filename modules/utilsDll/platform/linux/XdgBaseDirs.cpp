@@ -1,4 +1,4 @@
-#include "XdgBaseDirs.h"
+#include "XdgBaseDirs_p.h"
 
 #include <QDir>
 #include <QStringList>

@@ -1,4 +1,4 @@
-#include "../FileManagement.h"
+#include "../FileManagement_p.h"
 
 #include <windows.h>
 #include <shellapi.h>

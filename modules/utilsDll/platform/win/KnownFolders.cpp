@@ -1,4 +1,4 @@
-#include "../KnownFolders.h"
+#include "../KnownFolders_p.h"
 
 #include <windows.h>
 #include <knownfolders.h>

@@ -1,4 +1,4 @@
-#include "../MakerStore.h"
+#include "../MakerStore_p.h"
 
 namespace VexaPlatform {
 

@@ -1,4 +1,4 @@
-#include "../ProcessIdentity.h"
+#include "../ProcessIdentity_p.h"
 
 #include <windows.h>
 #include <psapi.h>

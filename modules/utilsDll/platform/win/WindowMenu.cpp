@@ -1,4 +1,4 @@
-#include "../WindowMenu.h"
+#include "../WindowMenu_p.h"
 
 #include <windows.h>
 

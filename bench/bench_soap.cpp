@@ -5,7 +5,7 @@
 // what our path must do at least: build the same element tree and serialise it, or
 // load the text and read every element's name, namespace, type and text.
 #include "QtSoapMessage.h"
-#include "XmlNestingGuard.h"
+#include "XmlNestingGuard_p.h"
 
 #include <KDSoapClient/KDSoapAuthentication.h>
 #include <KDSoapClient/KDSoapMessage.h>

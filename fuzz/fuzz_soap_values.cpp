@@ -187,7 +187,7 @@ void touch(const QtSoapType& value, Bytes& bytes)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    ensureQuietApplication("soap_values_fuzzer");
+    ensureQuietApplication("fuzz_soap_values");
     static const bool namespacesRegistered = (QtSoapMessage(), true); // the first message fills the table
     Q_UNUSED(namespacesRegistered);
 

@@ -4,7 +4,7 @@
 // of levels deep to crash, far beyond the inputs a fuzzer tries, while a small stack
 // shows it a little past the nesting limit that setContent enforces. The stack holds
 // that limit with some room: 256 KB, doubled under AddressSanitizer, whose frames are
-// about twice as large. Run with -dict=fuzz/soap_message.dict.
+// about twice as large. Run with -dict=fuzz/fuzz_soap_message.dict.
 #include "FuzzApplication.h"
 #include "QtSoapMessage.h"
 
@@ -62,7 +62,7 @@ void parseAndUse(const QByteArray& input)
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    ensureQuietApplication("soap_message_fuzzer");
+    ensureQuietApplication("fuzz_soap_message");
 
     const QByteArray input(reinterpret_cast<const char*>(data), int(size));
     QScopedPointer<QThread> thread(QThread::create([&input] { parseAndUse(input); }));

@@ -1,7 +1,7 @@
 // Cost of one launch-state accessor against a raw QSettings read of the same key on
 // the same backend, on the system store and on a temporary store.
 //
-//   build/bin/bench_settings
+//   build/bin/bench_foundation
 
 #include "Settings.h"
 #include "SharedUtils.h"
