@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Builds the whole tree and runs every test: an install with a consumer project built
-# against the installed package, the CTest suite, the suite again in sanitizer builds,
-# the Windows side of the platform seam under Wine, then the real Windows DLL and its
-# suite under Wine. Prints each stage's time and one closing line for every suite.
+# against the installed package, the CTest suite, the same against Qt 6, the suite again
+# in sanitizer builds, the Windows side of the platform seam under Wine, then the real
+# Windows DLL and its suite under Wine. Prints each stage's time and one closing line for every suite.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 . "$root/scripts/common.sh"
@@ -14,26 +14,42 @@ trap stageTimes EXIT
 
 stage deps bash "$root/scripts/deps.sh"
 
+qt6=$build-qt6
+prefix="$build/stage"
+
 plainBuild() {
-    configureAndBuild "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo
+    configureAndBuild "$1" -DCMAKE_BUILD_TYPE=RelWithDebInfo "${@:2}"
 }
 
-# The installed package must be usable by a project outside this tree: with CMake, run
-# as it is installed (no LD_LIBRARY_PATH: the logger module is found beside it), and
-# with pkg-config.
+# consumer <build> <package>: the installed package must be usable by a project outside
+# this tree: with CMake, run as it is installed (no LD_LIBRARY_PATH: the logger module is
+# found beside it), and with pkg-config. Both Qt builds install into one prefix.
 consumer() {
-    local stage="$build/stage"
-    rm -rf "$stage"
-    cmake --install "$build" --prefix "$stage" > /dev/null
-    cmake -S "$root/examples/consumer" -B "$build/consumer" -G Ninja -DCMAKE_PREFIX_PATH="$stage"
-    cmake --build "$build/consumer"
-    QT_QPA_PLATFORM=offscreen "$build/consumer/utilsdll-consumer"
-    echo "consumer: built with CMake and ran against the installed package"
+    local folder=$1 package=$2
+    cmake --install "$folder" --prefix "$prefix" > /dev/null
+    cmake -S "$root/examples/consumer" -B "$folder/consumer" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" \
+        -DUTILSDLL_PACKAGE="$package"
+    cmake --build "$folder/consumer"
+    QT_QPA_PLATFORM=offscreen "$folder/consumer/utilsdll-consumer"
+    echo "consumer: built with CMake and ran against the installed $package"
     # shellcheck disable=SC2046 # pkg-config's answer is a list of flags
-    c++ -std=c++17 -fPIC "$root/examples/consumer/main.cpp" -o "$build/consumer/utilsdll-consumer-pc" \
-        $(PKG_CONFIG_PATH="$stage/lib/pkgconfig" pkg-config --cflags --libs UtilsDll)
-    LD_LIBRARY_PATH="$stage/lib" QT_QPA_PLATFORM=offscreen "$build/consumer/utilsdll-consumer-pc"
-    echo "consumer: built with pkg-config and ran against the installed package"
+    c++ -std=c++17 -fPIC "$root/examples/consumer/main.cpp" -o "$folder/consumer/utilsdll-consumer-pc" \
+        $(PKG_CONFIG_PATH="$prefix/lib/pkgconfig" pkg-config --cflags --libs "$package")
+    LD_LIBRARY_PATH="$prefix/lib" QT_QPA_PLATFORM=offscreen "$folder/consumer/utilsdll-consumer-pc"
+    echo "consumer: built with pkg-config and ran against the installed $package"
+}
+
+# Side by side: the two installs share no file but the licence texts, which are the same.
+sideBySide() {
+    local shared
+    shared=$(comm -12 <(sort "$build/install_manifest.txt") <(sort "$qt6/install_manifest.txt") | grep -v '/Licenses/' || true)
+    [[ -z $shared ]] || { printf 'both Qt builds install:\n%s\n' "$shared"; return 1; }
+    echo "side by side: the Qt 5 and Qt 6 packages share no file in $prefix"
+}
+
+qt6Consumer() {
+    consumer "$qt6" UtilsDll-qt6
+    sideBySide
 }
 
 # The reference documentation from the public headers: any Doxygen warning (an
@@ -63,10 +79,15 @@ addressSanitizer() {
     runSuite "$asan"
 }
 
-stage build plainBuild
-stage consumer consumer
+rm -rf "$prefix"
+stage build plainBuild "$build"
+stage consumer consumer "$build" UtilsDll
 stage docs documentation
 stage suite runSuite "$build"
+# The whole tree once more against Qt 6, in a folder of its own.
+stage qt6-build plainBuild "$qt6" -DUTILSDLL_QT_MAJOR_VERSION=6
+stage qt6-consumer qt6Consumer
+stage qt6-suite runSuite "$qt6"
 stage thread-sanitizer threadSanitizer
 stage address-sanitizer addressSanitizer
 # The Windows side of the platform seam: cross-built with mingw-w64, run under Wine.

@@ -16,7 +16,8 @@ namespace VEXA_NAMESPACE {
 
 namespace {
 
-const wchar_t kLoggerModuleFileName[] = L"LoggerDllvrcv3.dll";
+// "LoggerDllvrcv3.dll"; a Qt 6 build loads the module built with it, "LoggerDllvrcv3-qt6".
+const wchar_t kLoggerModuleFileName[] = UTILSDLL_LOGGER_MODULE_NAME;
 const char kLoggerEntryName[] = "loggerInstance";
 
 using LoggerInstanceFunction = ILoggerInterface* (*)();

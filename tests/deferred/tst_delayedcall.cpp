@@ -159,7 +159,7 @@ private slots:
         QCOMPARE(&CCounter::instance(), &CCounter::instance());
         QCOMPARE(CCounter::s_constructions, 1);
 
-        QLibrary library(QStringLiteral("UtilsDll"), 3); // already loaded: found by name
+        QLibrary library(QStringLiteral(UTILSDLL_LIBRARY_NAME), 3); // already loaded: found by name
         QVERIFY2(library.load(), qPrintable(library.errorString()));
         const auto delayedCall = reinterpret_cast<CDelayedCall& (*)()>(library.resolve("_ZN9SingletonI12CDelayedCallE8instanceEv"));
         const auto nativeDialogs = reinterpret_cast<Vexa::CNativeDialogs& (*)()>(

@@ -51,7 +51,7 @@ private slots:
         // One message for every cause, with its two blanks before the file name.
         QTest::newRow("missing module") << PROBE_WITHOUT_MODULE << QString() << QStringList{"--then-pass-logger"}
                                         << "result: null\nagain: second\n"
-                                        << "***ERROR*** logger dll could not be loaded from  LoggerDllvrcv3.dll\n";
+                                        << "***ERROR*** logger dll could not be loaded from  " LOGGER_MODULE_NAME "\n";
     }
     void nothingIsLoaded()
     {
