@@ -312,7 +312,7 @@ private slots:
         transport.setAction(method);
         transport.setParseFaultReplies(true);
         QtSoapMessage request = methodCall(method, interopNamespace);
-        if (value.type() == QVariant::Int)
+        if (value.userType() == QMetaType::Int)
             request.addMethodArgument(argument, interopNamespace, value.toInt());
         else if (value.isValid())
             request.addMethodArgument(argument, interopNamespace, value.toString());
