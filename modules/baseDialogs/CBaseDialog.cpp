@@ -4,6 +4,29 @@
 
 #include <QMouseEvent>
 
+namespace {
+
+// The event's positions in whole pixels, under the names each Qt version keeps.
+QPoint localPoint(const QMouseEvent* event)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return event->position().toPoint();
+#else
+    return event->pos();
+#endif
+}
+
+QPoint globalPoint(const QMouseEvent* event)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return event->globalPosition().toPoint();
+#else
+    return event->globalPos();
+#endif
+}
+
+} // namespace
+
 CBaseDialog::CBaseDialog(QWidget* parent, Qt::WindowFlags flags)
     : QDialog(parent, flags)
 {
@@ -40,17 +63,17 @@ void CBaseDialog::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton)
         return;
     // A press on the row numbered m_headerHeight still starts a drag.
-    if (m_headerHeight != 0 && m_headerHeight < event->pos().y())
+    if (m_headerHeight != 0 && m_headerHeight < localPoint(event).y())
         return;
     m_dragging = true;
-    m_dragOffset = event->globalPos() - pos();
+    m_dragOffset = globalPoint(event) - pos();
 }
 
 void CBaseDialog::mouseMoveEvent(QMouseEvent* event)
 {
     // Held buttons are not checked: only the release ends a drag.
     if (m_dragging)
-        move(event->globalPos() - m_dragOffset);
+        move(globalPoint(event) - m_dragOffset);
     QDialog::mouseMoveEvent(event);
 }
 

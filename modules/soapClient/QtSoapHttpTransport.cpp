@@ -163,6 +163,9 @@ void QtSoapHttpTransport::submitRequest(QtSoapMessage& request, const QString& p
     // Qt inflates gzip and deflate without a bound when it asks for them itself, and
     // leaves the body alone when the request names its own encodings.
     networkRequest.setRawHeader("Accept-Encoding", "identity");
+    // A redirection is the server's answer, given to the caller as it is: following it
+    // would send the envelope somewhere else (Qt 6 follows by default, Qt 5 does not).
+    networkRequest.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     endpoint.setPath(path, QUrl::DecodedMode);
     networkRequest.setUrl(endpoint);
 

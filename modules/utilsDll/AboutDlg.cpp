@@ -80,6 +80,12 @@ QString readLicenceFile(QFile* file, const std::function<bool()>& interrupted)
     // final "\r" count as the end of a line.
     const int chunkSize = 64 * 1024;
     QTextStream stream(bytes, QIODevice::ReadOnly);
+    // Licence texts are UTF-8 whatever the locale (a byte-order mark still wins).
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    stream.setEncoding(QStringConverter::Utf8);
+#else
+    stream.setCodec("UTF-8");
+#endif
     QString line;
     while (!stream.atEnd()) {
         if (interrupted && interrupted())
@@ -87,14 +93,14 @@ QString readLicenceFile(QFile* file, const std::function<bool()>& interrupted)
         const QString chunk = stream.read(chunkSize);
         int from = 0;
         for (int newline = chunk.indexOf('\n'); newline >= 0; newline = chunk.indexOf('\n', from)) {
-            line += chunk.midRef(from, newline - from);
+            line += QStringView(chunk).mid(from, newline - from);
             if (line.endsWith('\r'))
                 line.chop(1);
             html += line + "<br>";
             line.clear();
             from = newline + 1;
         }
-        line += chunk.midRef(from);
+        line += QStringView(chunk).mid(from);
     }
     if (!line.isEmpty()) {
         if (line.endsWith('\r'))
@@ -130,7 +136,7 @@ void CAuxWinEventFilter::install()
     }
 }
 
-bool CAuxWinEventFilter::nativeEventFilter(const QByteArray& eventType, void* message, long*)
+bool CAuxWinEventFilter::nativeEventFilter(const QByteArray& eventType, void* message, NativeResult*)
 {
     if (!m_dialog || !m_dialog->isVisible())
         return false;

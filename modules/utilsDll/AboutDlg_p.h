@@ -25,7 +25,13 @@ public:
     // Installs the filter, and where the system sends no activation messages, the
     // watcher of the dialog's activation changes.
     void install();
-    bool nativeEventFilter(const QByteArray& eventType, void* message, long* result) override;
+    // Qt 6 widened the filter's result to a pointer-sized integer.
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    using NativeResult = qintptr;
+#else
+    using NativeResult = long;
+#endif
+    bool nativeEventFilter(const QByteArray& eventType, void* message, NativeResult* result) override;
     // One activation change of the dialog: the second one closes it.
     void noteActivationChange();
 

@@ -28,7 +28,7 @@ const char* const kReservedNames[] = {"CON",  "PRN",  "AUX",  "NUL",  "COM1", "C
                                       "LPT4", "LPT5", "LPT6", "LPT7", "LPT8", "LPT9"};
 
 // The whole text is a reserved name: "CON.txt", "COM0" and "CON1" are not.
-bool isReservedName(const QStringRef& text)
+bool isReservedName(QStringView text)
 {
     for (const char* name : kReservedNames) {
         if (text.compare(QLatin1String(name), Qt::CaseInsensitive) == 0)
@@ -42,7 +42,7 @@ bool isReservedName(const QStringRef& text)
 bool hasReservedLastPart(const QString& text)
 {
     const int separator = qMax(text.lastIndexOf(QLatin1Char('/')), text.lastIndexOf(QLatin1Char('\\')));
-    return separator >= 0 && isReservedName(text.midRef(separator + 1));
+    return separator >= 0 && isReservedName(QStringView(text).mid(separator + 1));
 }
 
 QString nativeCleanPath(const QString& name)
@@ -151,7 +151,7 @@ bool validateFileName(const QString& name, bool isPath)
     // Deliberately also refuses two dots inside a name such as "a..b".
     if (text.contains(QLatin1String(".."), Qt::CaseSensitive))
         return false;
-    if (isReservedName(QStringRef(&text)))
+    if (isReservedName(text))
         return false;
     if (!isPath)
         return true;

@@ -4,7 +4,7 @@
 #include "platform/ScreenMetrics_p.h"
 
 #include <QApplication>
-#include <QDesktopWidget>
+#include <QScreen>
 #include <QStyle>
 #include <QWidget>
 #include <QtMath>
@@ -65,22 +65,15 @@ void moveWindowToScreenCenter(QWidget* window, QWidget* parent)
         ASSERT_X(false, "Bug!!!");
         return;
     }
-    const QDesktopWidget* desktop = QApplication::desktop();
-    if (!desktop) {
-        ASSERT_X(false, "desktop is unavailable");
+    // The whole geometry of the screen, task bar included, on purpose: the primary
+    // screen without a parent, else the screen the parent is on.
+    const QScreen* target = parent ? parent->screen() : QGuiApplication::primaryScreen();
+    if (!target) {
+        ASSERT_X(false, "no screen is available");
         return;
     }
-    QRect screen;
-    // The whole screen geometry of the desktop widget, task bar included, on purpose.
-    QT_WARNING_PUSH
-    QT_WARNING_DISABLE_DEPRECATED
-    if (!parent) {
-        screen = desktop->screenGeometry(-1);
-    } else {
-        screen = desktop->screenGeometry(parent);
-        ASSERT_X(isValidRect(screen), "wrong screen geometry of parent widget");
-    }
-    QT_WARNING_POP
+    const QRect screen = target->geometry();
+    ASSERT_X(!parent || isValidRect(screen), "wrong screen geometry of parent widget");
     if (!isValidRect(screen))
         return;
     const QRect frame = window->frameGeometry();

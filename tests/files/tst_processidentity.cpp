@@ -241,7 +241,7 @@ private slots:
         const PeFileVersion version = versionOf(image);
         QCOMPARE(version.found, bytes == 0 || value == 1);
         if (version.found)
-            QCOMPARE(QPair(version.fileVersionMS, version.fileVersionLS), QPair(0x00050006u, 0x00070008u));
+            QCOMPARE(qMakePair(version.fileVersionMS, version.fileVersionLS), qMakePair(0x00050006u, 0x00070008u));
     }
 };
 

@@ -8,8 +8,12 @@
 #include "QtSoapArray.h"
 #include "QtSoapMessage.h"
 
+#include <QDomDocument>
 #include <QFile>
+#include <QRegularExpression>
 #include <QThread>
+
+#include <algorithm>
 
 using namespace VEXA_NAMESPACE;
 
@@ -56,6 +60,35 @@ QString outcome(const QtSoapMessage& message, bool parsed)
 QByteArray fault(const QByteArray& content)
 {
     return envelopeWithBody("<e:Fault>" + content + "</e:Fault>");
+}
+
+// The text with the attributes of every start tag in name order, and the items of each
+// array in text order: Qt's DOM writes attributes in the order of its hash, and an array
+// keeps its items in one, so both differ between Qt versions; each item names its position.
+QString normalised(const QString& xml)
+{
+    static const QRegularExpression tag(QStringLiteral("<([^\\s/>!?]+)((?:\\s+[^\\s=]+=\"[^\"]*\")*)(/?)>"));
+    static const QRegularExpression attribute(QStringLiteral("[^\\s=]+=\"[^\"]*\""));
+    QString sorted;
+    int from = 0;
+    for (auto tags = tag.globalMatch(xml); tags.hasNext();) {
+        const QRegularExpressionMatch match = tags.next();
+        QStringList attributes;
+        for (auto found = attribute.globalMatch(match.captured(2)); found.hasNext();)
+            attributes << found.next().captured();
+        attributes.sort();
+        attributes.prepend(match.captured(1));
+        sorted += xml.mid(from, match.capturedStart() - from) + '<' + attributes.join(' ') + match.captured(3) + '>';
+        from = match.capturedEnd();
+    }
+    QStringList lines = (sorted + xml.mid(from)).split('\n');
+    for (auto run = lines.begin(); run != lines.end(); ++run) {
+        const auto end = std::find_if(run, lines.end(), [](const QString& line) { return !line.startsWith(QLatin1String("<item ")); });
+        std::sort(run, end);
+        if ((run = end) == lines.end())
+            break;
+    }
+    return lines.join('\n');
 }
 
 QByteArray deepNesting(int levels)
@@ -112,7 +145,7 @@ private slots:
                 message.addMethodArgument(array);
         }
         const QString written = message.toXmlString(0);
-        QCOMPARE(written, QString::fromUtf8(readDataFile(expectedFile)));
+        QCOMPARE(normalised(written), normalised(QString::fromUtf8(readDataFile(expectedFile))));
         QCOMPARE(message.toXmlString(0), written); // the envelope attributes are not repeated
     }
 
@@ -123,14 +156,23 @@ private slots:
         QTest::addColumn<QString>("outcome");
         const QString invalid = QStringLiteral("VersionMismatch: SOAP structure invalid / extra: ");
         const QString parseError = QStringLiteral("VersionMismatch: XML parse error / ParseError: ");
+        // What the pre-scan lets through, Qt's DOM judges: a document it reads gives
+        // `whenRead`, one it refuses its own message and position, which differ between
+        // Qt versions.
+        const auto judgedByDom = [&parseError](const char* name, const QByteArray& xml, const QString& whenRead) {
+            QString message;
+            int line = 0, column = 0;
+            const bool read = QDomDocument().setContent(xml, true, &message, &line, &column);
+            QTest::newRow(name) << xml << read
+                                << (read ? whenRead : parseError + QStringLiteral("%1 at line %2, column %3").arg(message).arg(line).arg(column));
+        };
         QTest::newRow("no namespace") << QByteArray("<Envelope><Body/></Envelope>") << false
                                       << invalid + "Unsupported namespace for envelope element";
         QTest::newRow("wrong root") << QByteArray("<x:Letter xmlns:x='urn:x'><x:Body/></x:Letter>") << false
                                     << invalid + "root element \"Letter\"/\"Letter\" is not envelope";
         QTest::newRow("header only") << envelopeOpen + QByteArray("<e:Header/></e:Envelope>") << false
                                      << invalid + "mandatory body element missing";
-        QTest::newRow("not well-formed") << QByteArray("<e:Envelope") << false
-                                         << parseError + "unexpected end of file at line 1, column 12";
+        judgedByDom("not well-formed", "<e:Envelope", QString());
         // Only this failure writes no fault; it reports on the debug channel instead.
         QTest::newRow("struct child not an element") << envelopeWithBody("<m><r>1</r>text</m>") << false << "Other: ";
         QTest::newRow("100000 levels") << deepNesting(100000) << false
@@ -140,15 +182,13 @@ private slots:
             << envelopeWithBody("<m><r x='>/>'><!--" + QByteArray("<a>").repeated(2000) + "--><![CDATA["
                                 + QByteArray("<a>").repeated(2000) + "]]></r>" + QByteArray("<e/>").repeated(2000) + "</m>")
             << true << "string of 0: 6000";
-        // What Qt's DOM reads, the pre-scan lets through; what it refuses, it reports in its own words.
-        QTest::newRow("Latin-1 byte in UTF-8") << envelopeWithBody("<m><r>caf\xe9</r></m>") << true << "string of 0: caf\uFFFD";
-        QTest::newRow("control character") << envelopeWithBody("<m><r>a\x01&#2;</r></m>") << true << "string of 0: a\u0001\u0002";
-        QTest::newRow("repeated attribute") << envelopeWithBody("<m><r a='1' a='2'>x</r></m>") << true << "string of 0: x";
-        QTest::newRow("unknown entity") << envelopeWithBody("<m><r>a&x;b</r></m>") << true << "string of 0: ab";
-        QTest::newRow("version 1.1, unknown encoding")
-            << "<?xml version='1.1' encoding='x-none'?>" + envelopeWithBody("<m><r>1</r></m>") << true << "string of 0: 1";
-        QTest::newRow("text before the root") << QByteArray("x<e:Envelope/>") << false
-                                              << parseError + "error occurred while parsing element at line 1, column 1";
+        judgedByDom("Latin-1 byte in UTF-8", envelopeWithBody("<m><r>caf\xe9</r></m>"), "string of 0: caf\uFFFD");
+        judgedByDom("control character", envelopeWithBody("<m><r>a\x01&#2;</r></m>"), "string of 0: a\u0001\u0002");
+        judgedByDom("repeated attribute", envelopeWithBody("<m><r a='1' a='2'>x</r></m>"), "string of 0: x");
+        judgedByDom("unknown entity", envelopeWithBody("<m><r>a&x;b</r></m>"), "string of 0: ab");
+        judgedByDom("version 1.1, unknown encoding",
+                    "<?xml version='1.1' encoding='x-none'?>" + envelopeWithBody("<m><r>1</r></m>"), "string of 0: 1");
+        judgedByDom("text before the root", "x<e:Envelope/>", QString());
         // Faults as servers send them.
         QTest::newRow("standard server fault")
             << fault("<faultcode>e:Server.Database</faultcode><faultstring>no lens</faultstring><detail><why>gone</why></detail>")

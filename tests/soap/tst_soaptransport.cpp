@@ -29,7 +29,8 @@ QByteArray header(const QByteArray& request, const QByteArray& name)
 }
 
 // Records each request as it arrived (request line, headers, blank line, body) and
-// answers with `status` and `body`, where "#N#" becomes the request's ordinal.
+// answers with `status` and `body`, where "#N#" becomes the request's ordinal; a
+// redirection status points back at this server.
 class RecordingServer : public QTcpServer
 {
 public:
@@ -50,8 +51,10 @@ protected:
                 return;
             requests.append(in);
             const QByteArray reply = QByteArray(body).replace("#N#", QByteArray::number(requests.size()));
+            const QByteArray location = status / 100 == 3 ? "Location: /moved\r\n" : "";
             socket->write("HTTP/1.1 " + QByteArray::number(status) + " Test\r\nContent-Type: text/xml; charset=utf-8\r\n"
-                          "Content-Length: " + QByteArray::number(reply.size()) + "\r\nConnection: close\r\n\r\n" + reply);
+                          + location + "Content-Length: " + QByteArray::number(reply.size()) + "\r\nConnection: close\r\n\r\n"
+                          + reply);
             socket->disconnectFromHost();
         });
     }
@@ -230,6 +233,9 @@ private slots:
         const QByteArray plain = QByteArray(okEnvelope).replace("#N#", "7"), lens = "<lens>Tilt 24</lens>";
         QTest::newRow("200 envelope") << 200 << plain << QtSoapMessage::Other << QString() << "v" << false;
         QTest::newRow("201 is read, then marked") << 201 << plain << client << QString() << "v" << false;
+        // Redirections are not followed: the reply is the answer.
+        QTest::newRow("301 is read, then marked") << 301 << plain << client << QString() << "v" << false;
+        QTest::newRow("302 is read, then marked") << 302 << plain << client << QString() << "v" << false;
         QTest::newRow("404 (203) text") << 404 << QByteArray("Not Found") << QtSoapMessage::VersionMismatch
                                         << "XML parse error" << "Faultcode" << false;
         QTest::newRow("401 (204) not read") << 401 << plain << client << "Network transport error (204): " << "Faultcode" << false;
@@ -263,7 +269,9 @@ private slots:
             QVERIFY(!transport.parseFaultReplies());
             transport.setParseFaultReplies(parse);
             QtSoapMessage request = methodCall(QStringLiteral("m"));
+            const int before = m_server.requests.size();
             QVERIFY(call(transport, port, request));
+            QCOMPARE(m_server.requests.size(), before + (status ? 1 : 0));
             const QtSoapMessage& response = transport.getResponse();
             if (parse && serverFault) {
                 QCOMPARE(response.faultCode(), QtSoapMessage::Server);
@@ -312,7 +320,7 @@ private slots:
         transport.setAction(method);
         transport.setParseFaultReplies(true);
         QtSoapMessage request = methodCall(method, interopNamespace);
-        if (value.type() == QVariant::Int)
+        if (value.userType() == QMetaType::Int)
             request.addMethodArgument(argument, interopNamespace, value.toInt());
         else if (value.isValid())
             request.addMethodArgument(argument, interopNamespace, value.toString());
