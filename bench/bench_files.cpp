@@ -233,7 +233,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "could not generate the files to pack\n");
         return 1;
     }
-    std::printf("corpus: %d files, %.1f MB\n", corpus.files.size(), corpus.bytes / 1e6);
+    std::printf("corpus: %lld files, %.1f MB\n", static_cast<long long>(corpus.files.size()), corpus.bytes / 1e6);
     s_corpus = &corpus;
     benchmark::RunSpecifiedBenchmarks();
     printRatio("compress", "zip");

@@ -69,7 +69,8 @@ void CLanguageManager::loadLanguages()
     for (const QString& entry : dir.entryList({QStringLiteral("*.qm")}, QDir::Files, QDir::NoSort)) {
         const QString path = dir.path() + '/' + entry;
         QTranslator translator;
-        translator.load(path);
+        if (!translator.load(path))
+            continue;
         const QString name = translator.translate("CLanguageManager", "language name", "", -1);
         const QString number = translator.translate("CLanguageManager", "language number", "", -1);
         // Qt's own catalogues carry no identity and so stay out of the model.
@@ -108,7 +109,8 @@ void CLanguageManager::fillColumn(int column, const QStringList& values)
 
 void CLanguageManager::installTranslator(QTranslator* translator, const QString& file)
 {
-    translator->load(file, QString(), QString(), QString());
+    // A catalogue that does not load leaves the translator empty: texts stay in English.
+    static_cast<void>(translator->load(file, QString(), QString(), QString()));
     QCoreApplication::installTranslator(translator);
     m_translator = translator;
 }

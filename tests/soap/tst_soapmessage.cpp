@@ -291,7 +291,10 @@ private slots:
         QFile status(QStringLiteral("/proc/self/status"));
         QVERIFY(status.open(QIODevice::ReadOnly));
         const QRegularExpressionMatch peak = QRegularExpression(QStringLiteral("VmHWM:\\s*(\\d+) kB")).match(status.readAll());
-        QVERIFY2(peak.hasMatch() && peak.captured(1).toInt() < 250 * 1024, qPrintable(peak.captured(0)));
+        // Qt 6's DOM takes about 40% more memory per node than Qt 5's (198 against 141 MB
+        // for the costliest document here): the same budget, a ceiling of its own.
+        const int limitMiB = QT_VERSION >= QT_VERSION_CHECK(6, 0, 0) ? 300 : 250;
+        QVERIFY2(peak.hasMatch() && peak.captured(1).toInt() < limitMiB * 1024, qPrintable(peak.captured(0)));
 #endif
     }
 
