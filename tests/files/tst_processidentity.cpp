@@ -61,8 +61,8 @@ QByteArray buildPe32(quint32 fileVersionMS, quint32 fileVersionLS)
     return image;
 }
 
-// Bytes this process has read through read calls so far, from /proc/self/io.
-qint64 bytesReadSoFar()
+// Bytes this process has read through read calls so far, from /proc/self/io (Linux).
+[[maybe_unused]] qint64 bytesReadSoFar()
 {
     QFile io("/proc/self/io");
     if (!io.open(QIODevice::ReadOnly))
